@@ -1,0 +1,34 @@
+# A room is one folder, one static library and one include root. The root holds nothing but that room,
+# so a room can include only what it links: a wrong dependency does not compile.
+
+add_library(vantel_options INTERFACE)
+target_compile_features(vantel_options INTERFACE cxx_std_23)
+target_compile_options(vantel_options INTERFACE -Wall -Wextra -Wconversion -Wshadow -Werror)
+
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/bin")
+
+find_program(CCACHE_PROGRAM ccache)
+if(CCACHE_PROGRAM)
+    set(CMAKE_CXX_COMPILER_LAUNCHER "${CCACHE_PROGRAM}")
+endif()
+
+function(vantel_include_root name result)
+    set(root "${PROJECT_BINARY_DIR}/include-roots/${name}")
+    file(MAKE_DIRECTORY "${root}")
+    file(CREATE_LINK "${PROJECT_SOURCE_DIR}/${name}" "${root}/${name}" SYMBOLIC)
+    set(${result} "${root}" PARENT_SCOPE)
+endfunction()
+
+# vantel_room(NAME SOURCES … LINKS … [PRIVATE_LINKS …])
+function(vantel_room name)
+    cmake_parse_arguments(ROOM "" "" "SOURCES;LINKS;PRIVATE_LINKS" ${ARGN})
+    vantel_include_root(${name} root)
+    add_library(vantel_${name} STATIC ${ROOM_SOURCES})
+    target_include_directories(vantel_${name} PUBLIC
+        "$<BUILD_INTERFACE:${root}>" "$<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/vantel>")
+    target_link_libraries(vantel_${name}
+        PUBLIC ${ROOM_LINKS} PRIVATE $<BUILD_INTERFACE:vantel_options> ${ROOM_PRIVATE_LINKS})
+endfunction()

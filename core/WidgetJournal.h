@@ -1,0 +1,28 @@
+#pragma once
+
+#include "core/WidgetJournalEntry.h"
+#include "platform/FileSystem.h"
+
+#include <set>
+#include <vector>
+
+/// What the user did in the widgets and the companion application has not handled yet: one line of JSON each, in
+/// the order of the clicks, in the shared container's journal file.
+///
+/// The file is its own lock. Every operation holds it from its first read to its last write and waits for it without
+/// a time-out. Lines that do not decode are passed over, and dropped by the next `remove`.
+namespace vantel::WidgetJournal {
+
+/// Adds one line. Success means that the line would survive a power cut; failure means that there is no line.
+Result<void> append(const WidgetJournalEntry& entry, FileSystem& files = systemFileSystem());
+
+/// All entries, in file order. Changes nothing.
+Result<std::vector<WidgetJournalEntry>> pending(FileSystem& files = systemFileSystem());
+
+/// Rewrites the file without the entries of those ids. Without ids, or without a container, nothing happens.
+Result<void> remove(const std::set<Uuid>& ids, FileSystem& files = systemFileSystem());
+
+/// Empties the file.
+Result<void> removeAll(FileSystem& files = systemFileSystem());
+
+} // namespace vantel::WidgetJournal

@@ -1,0 +1,191 @@
+#include "platform/JsonDocument.h"
+
+#include <cmath>
+
+namespace vantel {
+
+namespace {
+
+using simdjson::dom::element_type;
+
+std::optional<std::int64_t> wholeNumber(double value) {
+    constexpr double bound = 9223372036854775808.0; // 2^63, the first double that does not fit
+    if (value < -bound || value >= bound || std::trunc(value) != value)
+        return std::nullopt;
+    return static_cast<std::int64_t>(value);
+}
+
+bool isDigit(char c) {
+    return c >= '0' && c <= '9';
+}
+
+bool isNumberCharacter(char c) {
+    return isDigit(c) || c == '-' || c == '+' || c == '.' || c == 'e' || c == 'E';
+}
+
+std::size_t endOfString(std::string_view json, std::size_t quote) {
+    std::size_t i = quote + 1;
+    while (i < json.size() && json[i] != '"')
+        i += json[i] == '\\' ? 2 : 1;
+    return std::min(i + 1, json.size());
+}
+
+/// The parser refuses integers beyond 64 bits, which are valid JSON. Giving each an exponent of zero keeps the
+/// value and makes it a plain double.
+std::string withLongIntegersAsDoubles(std::string_view json) {
+    constexpr std::size_t longestInteger = 19; // digits that always fit into 64 bits
+    std::string result;
+    result.reserve(json.size());
+    for (std::size_t i = 0; i < json.size();) {
+        std::size_t end = i + 1;
+        bool isLongInteger = false;
+        if (json[i] == '"') {
+            end = endOfString(json, i);
+        } else if (isDigit(json[i])) {
+            while (end < json.size() && isNumberCharacter(json[end]))
+                ++end;
+            isLongInteger = end - i > longestInteger && json.substr(i, end - i).find_first_not_of("0123456789") ==
+                                                            std::string_view::npos;
+        }
+        result += json.substr(i, end - i);
+        if (isLongInteger)
+            result += "e0";
+        i = end;
+    }
+    return result;
+}
+
+Error invalidDocument(simdjson::error_code code) {
+    switch (code) {
+    case simdjson::UTF8_ERROR:
+        return DecodingError{"", "not valid UTF-8"};
+    case simdjson::EMPTY:
+        return DecodingError{"", "empty"};
+    case simdjson::DEPTH_ERROR:
+        return DecodingError{"", "nested too deeply"};
+    case simdjson::CAPACITY:
+    case simdjson::MEMALLOC:
+        return DecodingError{"", "too large"};
+    case simdjson::NUMBER_ERROR:
+        return DecodingError{"", "not valid JSON: a number is malformed or too large"};
+    case simdjson::STRING_ERROR:
+        return DecodingError{"", "not valid JSON: a text is malformed"};
+    default:
+        return DecodingError{"", "not valid JSON"};
+    }
+}
+
+} // namespace
+
+std::string JsonObjectReader::text(std::string_view key) {
+    const auto element = required(key);
+    return element ? textFrom(*element, key) : std::string();
+}
+
+std::optional<std::string> JsonObjectReader::optionalText(std::string_view key) {
+    const auto element = present(key);
+    return element ? std::optional(textFrom(*element, key)) : std::nullopt;
+}
+
+std::int64_t JsonObjectReader::integer(std::string_view key) {
+    const auto element = required(key);
+    if (!element)
+        return 0;
+    if (element->type() == element_type::INT64)
+        return element->get_int64().value_unsafe();
+    if (element->type() == element_type::DOUBLE)
+        if (const auto whole = wholeNumber(element->get_double().value_unsafe()))
+            return *whole;
+    fail(std::string(key), "not a 64-bit integer");
+    return 0;
+}
+
+double JsonObjectReader::number(std::string_view key) {
+    const auto element = required(key);
+    return element ? numberFrom(*element, key) : 0;
+}
+
+std::optional<bool> JsonObjectReader::optionalBoolean(std::string_view key) {
+    const auto element = present(key);
+    if (!element)
+        return std::nullopt;
+    bool value = false;
+    if (element->get_bool().get(value) != simdjson::SUCCESS)
+        fail(std::string(key), "not a boolean");
+    return value;
+}
+
+Instant JsonObjectReader::instant(std::string_view key) {
+    return instantFromReference(number(key));
+}
+
+std::optional<Instant> JsonObjectReader::optionalInstant(std::string_view key) {
+    const auto element = present(key);
+    return element ? std::optional(instantFromReference(numberFrom(*element, key))) : std::nullopt;
+}
+
+std::optional<Url> JsonObjectReader::optionalUrl(std::string_view key) {
+    const auto raw = optionalText(key);
+    if (!raw || m_failure)
+        return std::nullopt;
+    auto url = parseUrl(*raw);
+    if (!url)
+        fail(std::string(key), "not an absolute URL");
+    return url;
+}
+
+std::optional<JsonObjectReader::Element> JsonObjectReader::present(std::string_view key) const {
+    Element element;
+    if (m_failure || m_object.at_key(key).get(element) != simdjson::SUCCESS || element.is_null())
+        return std::nullopt;
+    return element;
+}
+
+std::optional<JsonObjectReader::Element> JsonObjectReader::required(std::string_view key) {
+    if (auto element = present(key))
+        return element;
+    const bool isNull = m_object.at_key(key).error() == simdjson::SUCCESS;
+    fail(std::string(key), isNull ? "null" : "missing");
+    return std::nullopt;
+}
+
+std::string JsonObjectReader::textFrom(Element element, std::string_view key) {
+    std::string_view value;
+    if (element.get_string().get(value) != simdjson::SUCCESS)
+        fail(std::string(key), "not a string");
+    return std::string(value);
+}
+
+double JsonObjectReader::numberFrom(Element element, std::string_view key) {
+    double value = 0;
+    if (element.get_double().get(value) != simdjson::SUCCESS)
+        fail(std::string(key), "not a number");
+    return value;
+}
+
+void JsonObjectReader::fail(std::string path, std::string reason) {
+    if (!m_failure)
+        m_failure = DecodingError{std::move(path), std::move(reason)};
+}
+
+void JsonObjectReader::adopt(const std::string& path, const JsonObjectReader& inner) {
+    fail(path + "." + inner.failure()->keyPath, inner.failure()->reason);
+}
+
+Result<JsonObjectReader> JsonDocument::parseObject(std::string_view bytes) {
+    if (bytes.starts_with("\xEF\xBB\xBF"))
+        return std::unexpected(DecodingError{"", "starts with a byte order mark"});
+    simdjson::dom::element root;
+    auto code = m_parser.parse(bytes.data(), bytes.size()).get(root);
+    if (code != simdjson::SUCCESS)
+        if (const std::string plain = withLongIntegersAsDoubles(bytes); plain.size() != bytes.size())
+            code = m_parser.parse(plain).get(root);
+    if (code != simdjson::SUCCESS)
+        return std::unexpected(invalidDocument(code));
+    simdjson::dom::object object;
+    if (root.get_object().get(object) != simdjson::SUCCESS)
+        return std::unexpected(DecodingError{"", "not an object"});
+    return JsonObjectReader(object);
+}
+
+} // namespace vantel

@@ -1,0 +1,130 @@
+#pragma once
+
+#include "platform/Error.h"
+#include "platform/Instant.h"
+#include "platform/Url.h"
+
+#include <cstdint>
+#include <optional>
+#include <simdjson.h>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace vantel {
+
+/// Reads the fields of one JSON object, strictly, into records.
+///
+/// The first field that is not what it should be stops the reading: `failure()` then tells where and why, and
+/// every later read gives an empty value that must not be used. So a record is read in one expression, and asked
+/// once at the end. Of duplicate keys the first counts. An optional field may be missing or `null`; a required
+/// one may be neither. A number is an integer when its value is one (`3`, `3.0`, `3e0`) and fits 64 bits.
+///
+/// A reader looks into its JsonDocument and must not outlive it.
+class JsonObjectReader {
+public:
+    explicit JsonObjectReader(simdjson::dom::object object) : m_object(object) {}
+
+    std::string text(std::string_view key);
+    std::optional<std::string> optionalText(std::string_view key);
+    std::int64_t integer(std::string_view key);
+    double number(std::string_view key);
+    std::optional<bool> optionalBoolean(std::string_view key);
+    Instant instant(std::string_view key);
+    std::optional<Instant> optionalInstant(std::string_view key);
+    std::optional<Url> optionalUrl(std::string_view key);
+
+    /// A required text that `parse` turns into a value, or into nothing, which fails with `reason`.
+    template <typename Parse>
+    auto parsedText(std::string_view key, Parse parse, std::string_view reason);
+
+    /// A required array of objects, each read by `decode` (a function of JsonObjectReader&).
+    template <typename Decode>
+    auto objects(std::string_view key, Decode decode);
+
+    template <typename Decode>
+    auto optionalObject(std::string_view key, Decode decode);
+
+    const std::optional<DecodingError>& failure() const { return m_failure; }
+
+private:
+    using Element = simdjson::dom::element;
+
+    std::optional<Element> present(std::string_view key) const;
+    std::optional<Element> required(std::string_view key);
+    std::string textFrom(Element element, std::string_view key);
+    double numberFrom(Element element, std::string_view key);
+    void fail(std::string path, std::string reason);
+    void adopt(const std::string& path, const JsonObjectReader& inner);
+
+    simdjson::dom::object m_object;
+    std::optional<DecodingError> m_failure;
+};
+
+/// One JSON document: UTF-8 without a byte order mark, valid from its first byte to its last.
+/// Keeps the parsed text alive for its readers. Parsing never throws and never recurses.
+class JsonDocument {
+public:
+    /// Parses a document whose root is an object. Any earlier reader of this document becomes invalid.
+    Result<JsonObjectReader> parseObject(std::string_view bytes);
+
+private:
+    simdjson::dom::parser m_parser;
+};
+
+template <typename Parse>
+auto JsonObjectReader::parsedText(std::string_view key, Parse parse, std::string_view reason) {
+    const std::string raw = text(key);
+    auto value = parse(raw);
+    if (!value)
+        fail(std::string(key), std::string(reason));
+    return value ? *value : typename decltype(value)::value_type{};
+}
+
+template <typename Decode>
+auto JsonObjectReader::objects(std::string_view key, Decode decode) {
+    std::vector<decltype(decode(*this))> records;
+    const auto element = required(key);
+    if (!element)
+        return records;
+    simdjson::dom::array array;
+    if (element->get_array().get(array) != simdjson::SUCCESS) {
+        fail(std::string(key), "not an array");
+        return records;
+    }
+    records.reserve(array.size());
+    for (const Element item : array) {
+        simdjson::dom::object object;
+        if (item.get_object().get(object) != simdjson::SUCCESS) {
+            fail(std::string(key) + "[" + std::to_string(records.size()) + "]", "not an object");
+            return records;
+        }
+        JsonObjectReader reader(object);
+        records.push_back(decode(reader));
+        if (reader.failure()) {
+            adopt(std::string(key) + "[" + std::to_string(records.size() - 1) + "]", reader);
+            return records;
+        }
+    }
+    return records;
+}
+
+template <typename Decode>
+auto JsonObjectReader::optionalObject(std::string_view key, Decode decode) {
+    std::optional<decltype(decode(*this))> record;
+    const auto element = present(key);
+    if (!element)
+        return record;
+    simdjson::dom::object object;
+    if (element->get_object().get(object) != simdjson::SUCCESS) {
+        fail(std::string(key), "not an object");
+        return record;
+    }
+    JsonObjectReader reader(object);
+    record = decode(reader);
+    if (reader.failure())
+        adopt(std::string(key), reader);
+    return record;
+}
+
+} // namespace vantel

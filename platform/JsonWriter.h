@@ -1,0 +1,75 @@
+#pragma once
+
+#include "platform/Error.h"
+#include "platform/Instant.h"
+
+#include <concepts>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace vantel {
+
+/// Writes one compact JSON value. Numbers are the shortest text that reads back the same (`788918400`, `0.94`,
+/// `1e+21`), keys stand in the order they are written, and nothing but what JSON demands is escaped.
+///
+/// What has no JSON form (a number that is not finite, a text that is not UTF-8) makes `finish` fail, with the
+/// path of the first such value.
+class JsonWriter {
+public:
+    void beginObject();
+    void endObject();
+    void beginArray();
+    void endArray();
+
+    /// The key of the next value. Must outlive the next call.
+    void key(std::string_view name);
+
+    void value(std::string_view text);
+    void value(const char* text) { value(std::string_view(text)); }
+    void value(const std::string& text) { value(std::string_view(text)); }
+    void value(std::integral auto number) { integer(static_cast<std::int64_t>(number)); }
+    void value(double number);
+    void value(bool flag);
+    void value(Instant instant) { value(secondsSinceReference(instant)); }
+    void null();
+
+    template <typename Value>
+    void field(std::string_view name, const Value& fieldValue) {
+        key(name);
+        value(fieldValue);
+    }
+
+    /// Leaves the key out when there is no value.
+    template <typename Value>
+    void field(std::string_view name, const std::optional<Value>& fieldValue) {
+        if (fieldValue)
+            field(name, *fieldValue);
+    }
+
+    /// The document. The writer is empty afterwards.
+    Result<std::string> finish();
+
+private:
+    struct Level {
+        bool isArray;
+        std::size_t count = 0;
+        std::string_view key = {};
+    };
+
+    void integer(std::int64_t number);
+    void begin(char bracket, bool isArray);
+    void end(char bracket);
+    void separate();
+    void escape(char c);
+    void fail(std::string reason);
+    std::string path() const;
+
+    std::string m_json;
+    std::vector<Level> m_levels;
+    std::optional<EncodingError> m_failure;
+};
+
+} // namespace vantel

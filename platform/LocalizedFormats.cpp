@@ -1,0 +1,165 @@
+#include "platform/LocalizedFormats.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <libintl.h>
+#include <mutex>
+#include <unicode/casemap.h>
+#include <unicode/dtptngen.h>
+#include <unicode/measfmt.h>
+#include <unicode/measunit.h>
+#include <unicode/measure.h>
+#include <unicode/smpdtfmt.h>
+#include <vector>
+
+namespace vantel {
+
+namespace {
+
+constexpr char messageDomain[] = "vantel-widgets";
+
+icu::Locale icuLocale(const std::string& name) {
+    const bool isPlain = name == "C" || name == "POSIX" || name.starts_with("C.");
+    icu::Locale locale = isPlain ? icu::Locale("en_US_POSIX") : icu::Locale(name.c_str());
+    return locale.isBogus() ? icu::Locale("en") : locale;
+}
+
+bool isEnglish(const icu::Locale& locale) {
+    return std::string_view(locale.getLanguage()) == "en";
+}
+
+icu::UnicodeString bestPattern(icu::DateTimePatternGenerator& patterns, const char16_t* skeleton) {
+    UErrorCode status = U_ZERO_ERROR;
+    return patterns.getBestPattern(icu::UnicodeString(skeleton), status);
+}
+
+/// English puts the weekday first and a comma before the month; its raw patterns differ between releases of the
+/// locale data ("14 Fri", "Wed 19 Nov").
+icu::UnicodeString englishPattern(icu::DateTimePatternGenerator& patterns, DateFields fields) {
+    if (fields == DateFields::weekdayDay)
+        return u"EEE d";
+    return u"EEE, " + bestPattern(patterns, u"MMMd");
+}
+
+icu::UnicodeString patternFor(const icu::Locale& locale, icu::DateTimePatternGenerator& patterns,
+                              DateFields fields) {
+    switch (fields) {
+    case DateFields::weekday:
+        return u"ccc";
+    case DateFields::weekdayDay:
+        return isEnglish(locale) ? englishPattern(patterns, fields) : bestPattern(patterns, u"EEEd");
+    case DateFields::weekdayMonthDay:
+        return isEnglish(locale) ? englishPattern(patterns, fields) : bestPattern(patterns, u"MMMEd");
+    case DateFields::hourMinute:
+        return bestPattern(patterns, u"jmm");
+    }
+    return {};
+}
+
+/// The civil time as milliseconds since 1970 in a zone without offset, which is what the formatters are set to.
+UDate civilMilliseconds(const CivilTime& time) {
+    const std::chrono::year_month_day firstOfCycle{std::chrono::year(static_cast<int>(time.year % 400)),
+                                                   std::chrono::month(static_cast<unsigned>(time.month)),
+                                                   std::chrono::day(static_cast<unsigned>(time.day))};
+    constexpr double daysInCycle = 146'097; // the Gregorian calendar repeats after 400 years
+    const double days = static_cast<double>(std::chrono::sys_days(firstOfCycle).time_since_epoch().count()) +
+                        static_cast<double>(time.year / 400) * daysInCycle;
+    const double minutes = (days * 24 + time.hour) * 60 + time.minute;
+    return (minutes * 60 + time.second) * 1000;
+}
+
+std::string utf8(const icu::UnicodeString& text) {
+    std::string result;
+    text.toUTF8String(result);
+    return result;
+}
+
+std::string withOrdinarySpaces(icu::UnicodeString text) {
+    text.findAndReplace(u"\u202F", u" ");
+    text.findAndReplace(u"\u00A0", u" ");
+    return utf8(text);
+}
+
+/// The span in whole minutes, or in seconds below one minute, as the largest two units that are not zero.
+std::vector<std::pair<int, icu::MeasureUnit>> parts(Seconds left) {
+    constexpr double longest = 1e9 * 3600;
+    const double total = std::isnan(left.count()) ? 0 : std::clamp(std::ceil(left.count()), 0.0, longest);
+    if (total < 60)
+        return {{static_cast<int>(total), icu::MeasureUnit::getSecond()}};
+    const auto minutes = static_cast<std::int64_t>(std::ceil(total / 60));
+    std::vector<std::pair<int, icu::MeasureUnit>> result;
+    if (minutes >= 60)
+        result.emplace_back(static_cast<int>(minutes / 60), icu::MeasureUnit::getHour());
+    if (minutes % 60 != 0)
+        result.emplace_back(static_cast<int>(minutes % 60), icu::MeasureUnit::getMinute());
+    return result;
+}
+
+} // namespace
+
+struct LocalizedFormats::Formatters {
+    explicit Formatters(const std::string& name) : locale(icuLocale(name)) {}
+
+    icu::SimpleDateFormat* dateFormat(DateFields fields) {
+        auto& slot = dates[static_cast<std::size_t>(fields)];
+        UErrorCode status = U_ZERO_ERROR;
+        if (!patterns && fields != DateFields::weekday)
+            patterns.reset(icu::DateTimePatternGenerator::createInstance(locale, status));
+        if (!slot && U_SUCCESS(status)) {
+            slot = std::make_unique<icu::SimpleDateFormat>(patternFor(locale, *patterns, fields), locale, status);
+            slot->setTimeZone(*icu::TimeZone::getGMT());
+        }
+        return U_SUCCESS(status) ? slot.get() : nullptr;
+    }
+
+    std::mutex mutex;
+    icu::Locale locale;
+    std::unique_ptr<icu::DateTimePatternGenerator> patterns;
+    std::array<std::unique_ptr<icu::SimpleDateFormat>, 4> dates;
+    std::unique_ptr<icu::MeasureFormat> spans;
+};
+
+LocalizedFormats::LocalizedFormats(const std::string& locale)
+    : m_formatters(std::make_unique<Formatters>(locale)) {}
+
+LocalizedFormats::~LocalizedFormats() = default;
+
+std::string LocalizedFormats::date(const CivilTime& time, DateFields fields) const {
+    const std::scoped_lock guard(m_formatters->mutex);
+    const icu::SimpleDateFormat* format = m_formatters->dateFormat(fields);
+    if (format == nullptr)
+        return {};
+    icu::UnicodeString text;
+    return withOrdinarySpaces(format->format(civilMilliseconds(time), text));
+}
+
+std::string LocalizedFormats::timeLeft(Seconds left) const {
+    const std::scoped_lock guard(m_formatters->mutex);
+    UErrorCode status = U_ZERO_ERROR;
+    auto& format = m_formatters->spans;
+    if (!format)
+        format = std::make_unique<icu::MeasureFormat>(m_formatters->locale, UMEASFMT_WIDTH_SHORT, status);
+    std::vector<icu::Measure> measures;
+    for (const auto& [count, unit] : parts(left))
+        measures.emplace_back(icu::Formattable(count), unit.clone(), status);
+    icu::UnicodeString text;
+    icu::FieldPosition position;
+    format->formatMeasures(measures.data(), static_cast<int32_t>(measures.size()), text, position, status);
+    return withOrdinarySpaces(text);
+}
+
+std::string LocalizedFormats::upperCase(std::string_view text) const {
+    std::string result;
+    icu::StringByteSink<std::string> sink(&result);
+    UErrorCode status = U_ZERO_ERROR;
+    icu::CaseMap::utf8ToUpper("", 0, icu::StringPiece(text.data(), static_cast<int32_t>(text.size())), sink, nullptr,
+                              status);
+    return U_SUCCESS(status) ? result : std::string(text);
+}
+
+std::string LocalizedFormats::translated(const char* key) const {
+    return ::dgettext(messageDomain, key);
+}
+
+} // namespace vantel

@@ -1,0 +1,37 @@
+#include "platform/LockedFile.h"
+
+#include <utility>
+
+namespace vantel {
+
+namespace {
+
+constexpr FileSystem::Descriptor none = -1;
+
+} // namespace
+
+Result<LockedFile> LockedFile::acquire(const FileURL& file, FileSystem& files) {
+    if (auto made = files.createDirectories(file.parent_path()); !made)
+        return std::unexpected(made.error());
+    const auto descriptor = files.open(file, OpenMode::lock);
+    if (!descriptor)
+        return std::unexpected(fileWriteUnknown());
+    if (!files.lock(*descriptor)) {
+        std::ignore = files.close(*descriptor);
+        return std::unexpected(fileWriteUnknown());
+    }
+    return LockedFile(files, *descriptor);
+}
+
+LockedFile::LockedFile(LockedFile&& other) noexcept
+    : m_files(other.m_files)
+    , m_descriptor(std::exchange(other.m_descriptor, none)) {}
+
+LockedFile::~LockedFile() {
+    if (m_descriptor == none)
+        return;
+    std::ignore = m_files->unlock(m_descriptor);
+    std::ignore = m_files->close(m_descriptor);
+}
+
+} // namespace vantel
