@@ -38,7 +38,8 @@ struct TextStyle {
     double kerning = 0;  ///< points between letters, kerning pairs replaced
     Color color = PrimaryColor{};
     std::optional<int> lineLimit = std::nullopt;
-    bool invalidatable = false; ///< pending while an intent of its widget runs
+    double minimumScaleFactor = 1; ///< how far the text may shrink, before it is elided, to fit its room
+    bool invalidatable = false;    ///< pending while an intent of its widget runs
 
     bool operator==(const TextStyle&) const = default;
 };
@@ -162,10 +163,11 @@ struct Padding {
 
 enum class FrameFill { none, both };
 
-/// A size that is imposed on the element, and where in it the content stands.
+/// A size that is imposed on the element, its padding included, and where in it the content stands.
 struct Frame {
     std::optional<double> width = std::nullopt;
     std::optional<double> height = std::nullopt;
+    std::optional<double> minWidth = std::nullopt;
     StackAlignment alignment = StackAlignment::center;
     FrameFill fill = FrameFill::none; ///< take all the room there is
 

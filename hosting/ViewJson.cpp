@@ -158,6 +158,8 @@ private:
         nonZero("kerning", style.kerning);
         color("color", style.color);
         m_json.field("lineLimit", style.lineLimit);
+        if (style.minimumScaleFactor != 1)
+            m_json.field("minimumScaleFactor", style.minimumScaleFactor);
         if (style.invalidatable)
             m_json.field("invalidatable", true);
     }
@@ -208,6 +210,7 @@ private:
         m_json.beginObject();
         m_json.field("width", frame.width);
         m_json.field("height", frame.height);
+        m_json.field("minWidth", frame.minWidth);
         if (frame.alignment != StackAlignment::center)
             m_json.field("alignment", name(frame.alignment));
         if (frame.fill == FrameFill::both)
