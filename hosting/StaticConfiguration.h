@@ -35,36 +35,42 @@ struct StaticConfiguration {
 std::expected<WidgetView, std::string> renderedView(const StaticConfiguration& configuration,
                                                     const TimelineEntry& entry, const ViewContext& context);
 
-namespace detail {
-
+/// An entry of any type together with the function that draws it.
 template <typename Entry, typename Content>
-TimelineEntry erased(Entry entry, Content content) {
+TimelineEntry erasedEntry(Entry entry, Content content) {
     const Instant date = entry.date;
-    return {date, [entry = std::move(entry), content](const ViewContext& context) { return content(entry, context); }};
+    return {date, [entry = std::move(entry), content](const ViewContext& context) {
+                return content(entry, context);
+            }};
 }
 
 template <typename Entry, typename Content>
-Timeline<TimelineEntry> erased(Timeline<Entry> timeline, Content content) {
+Timeline<TimelineEntry> erasedTimeline(Timeline<Entry> timeline, Content content) {
     Timeline<TimelineEntry> result{{}, timeline.policy};
     result.entries.reserve(timeline.entries.size());
     for (Entry& entry : timeline.entries)
-        result.entries.push_back(erased(std::move(entry), content));
+        result.entries.push_back(erasedEntry(std::move(entry), content));
     return result;
 }
-
-} // namespace detail
 
 /// Binds a kind to its provider and to the pure function that draws its entries
 /// (`WidgetContent(const Entry&, const ViewContext&)`).
 template <typename Entry, typename Content>
-StaticConfiguration makeStaticConfiguration(std::string kind, std::shared_ptr<const TimelineProvider<Entry>> provider,
+StaticConfiguration makeStaticConfiguration(std::string kind,
+                                            std::shared_ptr<const TimelineProvider<Entry>> provider,
                                             Content content) {
     using Context = TimelineProviderContext;
     StaticConfiguration configuration;
     configuration.kind = std::move(kind);
-    configuration.placeholder = [=](const Context& c) { return detail::erased(provider->placeholder(c), content); };
-    configuration.getSnapshot = [=](const Context& c) { return detail::erased(provider->getSnapshot(c), content); };
-    configuration.getTimeline = [=](const Context& c) { return detail::erased(provider->getTimeline(c), content); };
+    configuration.placeholder = [=](const Context& c) {
+        return erasedEntry(provider->placeholder(c), content);
+    };
+    configuration.getSnapshot = [=](const Context& c) {
+        return erasedEntry(provider->getSnapshot(c), content);
+    };
+    configuration.getTimeline = [=](const Context& c) {
+        return erasedTimeline(provider->getTimeline(c), content);
+    };
     return configuration;
 }
 

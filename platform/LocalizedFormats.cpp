@@ -1,23 +1,24 @@
 #include "platform/LocalizedFormats.h"
 
+#include "platform/MessageDomain.h"
+
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <libintl.h>
 #include <mutex>
+#include <vector>
+
+#include <libintl.h>
 #include <unicode/casemap.h>
 #include <unicode/dtptngen.h>
 #include <unicode/measfmt.h>
 #include <unicode/measunit.h>
 #include <unicode/measure.h>
 #include <unicode/smpdtfmt.h>
-#include <vector>
 
 namespace vantel {
 
 namespace {
-
-constexpr char messageDomain[] = "vantel-widgets";
 
 icu::Locale icuLocale(const std::string& name) {
     const bool isPlain = name == "C" || name == "POSIX" || name.starts_with("C.");
@@ -29,35 +30,8 @@ bool isEnglish(const icu::Locale& locale) {
     return std::string_view(locale.getLanguage()) == "en";
 }
 
-icu::UnicodeString bestPattern(icu::DateTimePatternGenerator& patterns, const char16_t* skeleton) {
-    UErrorCode status = U_ZERO_ERROR;
-    return patterns.getBestPattern(icu::UnicodeString(skeleton), status);
-}
-
-/// English puts the weekday first and a comma before the month; its raw patterns differ between releases of the
-/// locale data ("14 Fri", "Wed 19 Nov").
-icu::UnicodeString englishPattern(icu::DateTimePatternGenerator& patterns, DateFields fields) {
-    if (fields == DateFields::weekdayDay)
-        return u"EEE d";
-    return u"EEE, " + bestPattern(patterns, u"MMMd");
-}
-
-icu::UnicodeString patternFor(const icu::Locale& locale, icu::DateTimePatternGenerator& patterns,
-                              DateFields fields) {
-    switch (fields) {
-    case DateFields::weekday:
-        return u"ccc";
-    case DateFields::weekdayDay:
-        return isEnglish(locale) ? englishPattern(patterns, fields) : bestPattern(patterns, u"EEEd");
-    case DateFields::weekdayMonthDay:
-        return isEnglish(locale) ? englishPattern(patterns, fields) : bestPattern(patterns, u"MMMEd");
-    case DateFields::hourMinute:
-        return bestPattern(patterns, u"jmm");
-    }
-    return {};
-}
-
-/// The civil time as milliseconds since 1970 in a zone without offset, which is what the formatters are set to.
+/// The civil time as milliseconds since 1970 in a zone without offset, which is what the formatters are set
+/// to.
 UDate civilMilliseconds(const CivilTime& time) {
     const std::chrono::year_month_day firstOfCycle{std::chrono::year(static_cast<int>(time.year % 400)),
                                                    std::chrono::month(static_cast<unsigned>(time.month)),
@@ -99,18 +73,47 @@ std::vector<std::pair<int, icu::MeasureUnit>> parts(Seconds left) {
 } // namespace
 
 struct LocalizedFormats::Formatters {
-    explicit Formatters(const std::string& name) : locale(icuLocale(name)) {}
+    explicit Formatters(const std::string& name)
+        : locale(icuLocale(name)) {}
 
+    icu::UnicodeString bestPattern(const char16_t* skeleton, UErrorCode& status) {
+        if (!patterns)
+            patterns.reset(icu::DateTimePatternGenerator::createInstance(locale, status));
+        if (U_FAILURE(status))
+            return {};
+        return patterns->getBestPattern(icu::UnicodeString(skeleton), status);
+    }
+
+    /// English puts the weekday first and a comma before the month; its raw patterns differ between releases
+    /// of the locale data ("14 Fri", "Wed 19 Nov").
+    icu::UnicodeString patternFor(DateFields fields, UErrorCode& status) {
+        switch (fields) {
+        case DateFields::weekday:
+            return u"ccc";
+        case DateFields::weekdayDay:
+            return isEnglish(locale) ? icu::UnicodeString(u"EEE d") : bestPattern(u"EEEd", status);
+        case DateFields::weekdayMonthDay:
+            return isEnglish(locale) ? u"EEE, " + bestPattern(u"MMMd", status)
+                                     : bestPattern(u"MMMEd", status);
+        case DateFields::hourMinute:
+            return bestPattern(u"jmm", status);
+        }
+        return {};
+    }
+
+    /// Null when the locale data cannot be read.
     icu::SimpleDateFormat* dateFormat(DateFields fields) {
         auto& slot = dates[static_cast<std::size_t>(fields)];
+        if (slot)
+            return slot.get();
         UErrorCode status = U_ZERO_ERROR;
-        if (!patterns && fields != DateFields::weekday)
-            patterns.reset(icu::DateTimePatternGenerator::createInstance(locale, status));
-        if (!slot && U_SUCCESS(status)) {
-            slot = std::make_unique<icu::SimpleDateFormat>(patternFor(locale, *patterns, fields), locale, status);
-            slot->setTimeZone(*icu::TimeZone::getGMT());
-        }
-        return U_SUCCESS(status) ? slot.get() : nullptr;
+        const icu::UnicodeString pattern = patternFor(fields, status);
+        auto made = std::make_unique<icu::SimpleDateFormat>(pattern, locale, status);
+        if (U_FAILURE(status))
+            return nullptr;
+        made->setTimeZone(*icu::TimeZone::getGMT());
+        slot = std::move(made);
+        return slot.get();
     }
 
     std::mutex mutex;
@@ -153,8 +156,8 @@ std::string LocalizedFormats::upperCase(std::string_view text) const {
     std::string result;
     icu::StringByteSink<std::string> sink(&result);
     UErrorCode status = U_ZERO_ERROR;
-    icu::CaseMap::utf8ToUpper("", 0, icu::StringPiece(text.data(), static_cast<int32_t>(text.size())), sink, nullptr,
-                              status);
+    icu::CaseMap::utf8ToUpper("", 0, icu::StringPiece(text.data(), static_cast<int32_t>(text.size())), sink,
+                              nullptr, status);
     return U_SUCCESS(status) ? result : std::string(text);
 }
 

@@ -84,10 +84,15 @@ std::optional<std::int64_t> SystemCalendar::daysBetween(Instant from, Instant to
 }
 
 std::optional<Instant> SystemCalendar::date(std::int64_t year, int month, int day, int hour) const {
+    return instant(
+        {.year = year, .month = month, .day = day, .hour = hour, .minute = 0, .second = 0, .weekday = 0});
+}
+
+std::optional<Instant> SystemCalendar::instant(const CivilTime& time) const {
     constexpr std::int64_t lastYear = 300'000;
-    if (std::abs(static_cast<double>(year)) > lastYear)
+    if (time.year < -lastYear || time.year > lastYear)
         return std::nullopt;
-    return at(cctz::civil_second(year, month, day, hour));
+    return at(cctz::civil_second(time.year, time.month, time.day, time.hour, time.minute, time.second));
 }
 
 cctz::civil_second SystemCalendar::civilSecond(Instant instant) const {

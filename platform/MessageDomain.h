@@ -1,0 +1,8 @@
+#pragma once
+
+namespace vantel {
+
+/// The name of the catalogue that translates this system's texts.
+inline constexpr char messageDomain[] = "vantel-widgets";
+
+} // namespace vantel
