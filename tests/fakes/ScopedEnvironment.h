@@ -3,7 +3,6 @@
 #include <cstdlib>
 #include <optional>
 #include <string>
-#include <utility>
 
 namespace vantel::testing {
 
