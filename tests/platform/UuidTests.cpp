@@ -1,7 +1,8 @@
 #include "platform/Uuid.h"
 
-#include <gtest/gtest.h>
 #include <set>
+
+#include <gtest/gtest.h>
 
 namespace vantel {
 namespace {
