@@ -6,11 +6,11 @@
 #include <set>
 #include <vector>
 
-/// What the user did in the widgets and the companion application has not handled yet: one line of JSON each, in
-/// the order of the clicks, in the shared container's journal file.
+/// What the user did in the widgets and the companion application has not handled yet: one line of JSON each,
+/// in the order of the clicks, in the shared container's journal file.
 ///
-/// The file is its own lock. Every operation holds it from its first read to its last write and waits for it without
-/// a time-out. Lines that do not decode are passed over, and dropped by the next `remove`.
+/// The file is its own lock. Every operation holds it from its first read to its last write and waits for it
+/// without a time-out. Lines that do not decode are passed over, and dropped by the next `remove`.
 namespace vantel::WidgetJournal {
 
 /// Adds one line. Success means that the line would survive a power cut; failure means that there is no line.

@@ -9,7 +9,9 @@ namespace vantel {
 using WidgetShared::withLockedFile;
 
 std::optional<WidgetSnapshot> WidgetSnapshotStore::load(FileSystem& files) const {
-    const auto loading = [&](FileHandle&) -> Result<std::optional<WidgetSnapshot>> { return loadUnlocked(files); };
+    const auto loading = [&](FileHandle&) -> Result<std::optional<WidgetSnapshot>> {
+        return loadUnlocked(files);
+    };
     return withLockedFile(lockURL, loading, files).value_or(std::nullopt);
 }
 
@@ -37,7 +39,8 @@ Result<bool> WidgetSnapshotStore::remove(std::string_view matchingAccountID, boo
     return withLockedFile(lockURL, removing, files);
 }
 
-Result<bool> WidgetSnapshotStore::applyCompletion(std::string_view of, Instant at, std::string_view matchingAccountID,
+Result<bool> WidgetSnapshotStore::applyCompletion(std::string_view of, Instant at,
+                                                  std::string_view matchingAccountID,
                                                   FileSystem& files) const {
     const auto stamping = [&](FileHandle&) -> Result<bool> {
         const auto snapshot = loadUnlocked(files);

@@ -5,11 +5,11 @@
 
 namespace vantel {
 
-/// One snapshot file and the lock file that guards it. Keeps nothing open and nothing in memory between calls, so
-/// copies are free and any process may hold another one of the same files.
+/// One snapshot file and the lock file that guards it. Keeps nothing open and nothing in memory between
+/// calls, so copies are free and any process may hold another one of the same files.
 ///
-/// Every operation takes the exclusive lock for its whole length and waits for it without a time-out. A snapshot
-/// counts as present only if its file can be read whole, decodes, and has the current version.
+/// Every operation takes the exclusive lock for its whole length and waits for it without a time-out. A
+/// snapshot counts as present only if its file can be read whole, decodes, and has the current version.
 struct WidgetSnapshotStore {
     FileURL snapshotURL;
     FileURL lockURL;
@@ -25,13 +25,13 @@ struct WidgetSnapshotStore {
     /// Deletes the snapshot file if it exists.
     Result<void> remove(FileSystem& files = systemFileSystem()) const;
 
-    /// Deletes the snapshot if its account is exactly the given one, or if it has none and `allowingLegacyUnbound`.
-    /// Whether it did; false when there is no valid snapshot.
+    /// Deletes the snapshot if its account is exactly the given one, or if it has none and
+    /// `allowingLegacyUnbound`. Whether it did; false when there is no valid snapshot.
     Result<bool> remove(std::string_view matchingAccountID, bool allowingLegacyUnbound,
                         FileSystem& files = systemFileSystem()) const;
 
-    /// Stamps every task of that id as completed and rewrites the snapshot, if its account is exactly the given one.
-    /// True means that the snapshot was rewritten, not that the task was in it.
+    /// Stamps every task of that id as completed and rewrites the snapshot, if its account is exactly the
+    /// given one. True means that the snapshot was rewritten, not that the task was in it.
     Result<bool> applyCompletion(std::string_view of, Instant at, std::string_view matchingAccountID,
                                  FileSystem& files = systemFileSystem()) const;
 

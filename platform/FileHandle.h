@@ -10,13 +10,16 @@ namespace vantel {
 /// Calls block; a failure is the system's error, and the position is then unspecified.
 class FileHandle {
 public:
-    FileHandle(FileSystem& files, FileSystem::Descriptor descriptor) : m_files(files), m_descriptor(descriptor) {}
+    FileHandle(FileSystem& files, FileSystem::Descriptor descriptor)
+        : m_files(files)
+        , m_descriptor(descriptor) {}
 
     /// Moves to the end and returns its offset, which is the file's length in bytes.
     Result<std::uint64_t> seekToEnd() { return m_files.seekToEnd(m_descriptor); }
     Result<void> seek(std::uint64_t offset) { return m_files.seek(m_descriptor, offset); }
 
-    /// Everything from the position to the end. Fails for what is not a regular file, whose end may never come.
+    /// Everything from the position to the end. Fails for what is not a regular file, whose end may never
+    /// come.
     Result<std::string> readToEnd();
 
     /// The byte at `offset`, or 0 past the end. Leaves the position alone.

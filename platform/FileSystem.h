@@ -26,9 +26,9 @@ struct FileStatus {
 
 /// How a file is opened.
 enum class OpenMode {
-    lock,         ///< read and write, created with 0644 less the umask, never truncated, kept across exec
-    read,         ///< read only, never blocks on a FIFO, closed on exec
-    writeNew,     ///< write only, fails when the name is taken or is a link, 0644 less the umask, closed on exec
+    lock,     ///< read and write, created with 0644 less the umask, never truncated, kept across exec
+    read,     ///< read only, never blocks on a FIFO, closed on exec
+    writeNew, ///< write only, fails when the name is taken or is a link, 0644 less the umask, closed on exec
     readDirectory ///< a directory, to be synced
 };
 
@@ -55,7 +55,8 @@ public:
 
     /// May read or write less than asked; a read of zero bytes is the end.
     virtual Result<std::size_t> read(Descriptor descriptor, std::span<char> buffer) = 0;
-    virtual Result<std::size_t> readAt(Descriptor descriptor, std::uint64_t offset, std::span<char> buffer) = 0;
+    virtual Result<std::size_t> readAt(Descriptor descriptor, std::uint64_t offset,
+                                       std::span<char> buffer) = 0;
     virtual Result<std::size_t> write(Descriptor descriptor, std::string_view bytes) = 0;
     virtual Result<std::uint64_t> seekToEnd(Descriptor descriptor) = 0;
     virtual Result<void> seek(Descriptor descriptor, std::uint64_t offset) = 0;

@@ -22,7 +22,9 @@ public:
     FileHandle handle() { return {*m_files, m_descriptor}; }
 
 private:
-    LockedFile(FileSystem& files, FileSystem::Descriptor descriptor) : m_files(&files), m_descriptor(descriptor) {}
+    LockedFile(FileSystem& files, FileSystem::Descriptor descriptor)
+        : m_files(&files)
+        , m_descriptor(descriptor) {}
 
     FileSystem* m_files;
     FileSystem::Descriptor m_descriptor;

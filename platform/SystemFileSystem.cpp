@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cerrno>
+
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
@@ -148,7 +149,9 @@ public:
         return checked(::ftruncate(descriptor, static_cast<off_t>(length)), "ftruncate", descriptor);
     }
 
-    Result<void> sync(Descriptor descriptor) override { return checked(::fsync(descriptor), "fsync", descriptor); }
+    Result<void> sync(Descriptor descriptor) override {
+        return checked(::fsync(descriptor), "fsync", descriptor);
+    }
 
     Result<void> syncData(Descriptor descriptor) override {
         return checked(::fdatasync(descriptor), "fdatasync", descriptor);
@@ -162,7 +165,9 @@ public:
         return checked(::rename(from.c_str(), to.c_str()), "rename", to);
     }
 
-    Result<void> remove(const FileURL& file) override { return checked(::unlink(file.c_str()), "unlink", file); }
+    Result<void> remove(const FileURL& file) override {
+        return checked(::unlink(file.c_str()), "unlink", file);
+    }
 };
 
 } // namespace
