@@ -40,7 +40,8 @@ public:
 
     virtual ~FileSystem() = default;
 
-    /// Makes the directory and its missing parents, each private to the user (0700). An existing one is fine.
+    /// Makes the directory and its missing parents, each private to the user (0700), and syncs the names of
+    /// the new ones as far as the file system can. An existing one is fine.
     virtual Result<void> createDirectories(const FileURL& directory) = 0;
     virtual Result<Descriptor> open(const FileURL& file, OpenMode mode) = 0;
     virtual Result<void> close(Descriptor descriptor) = 0;

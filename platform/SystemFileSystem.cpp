@@ -65,6 +65,21 @@ FileStatus statusFrom(const struct stat& status) {
     return {kindOf(status.st_mode), status.st_mode & 07777U, static_cast<std::uint64_t>(status.st_size)};
 }
 
+void syncParent(const FileURL& directory) {
+    const int parent = ::open(directory.parent_path().c_str(), flagsFor(OpenMode::readDirectory));
+    if (parent < 0)
+        return;
+    ::fsync(parent);
+    ::close(parent);
+}
+
+bool makesDirectory(const FileURL& directory) {
+    if (::mkdir(directory.c_str(), privateDirectory) != 0)
+        return false;
+    syncParent(directory);
+    return true;
+}
+
 bool isDirectory(const FileURL& path) {
     struct stat status{};
     return ::stat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
@@ -73,12 +88,12 @@ bool isDirectory(const FileURL& path) {
 class SystemFileSystem final : public FileSystem {
 public:
     Result<void> createDirectories(const FileURL& directory) override {
-        if (::mkdir(directory.c_str(), privateDirectory) == 0)
+        if (makesDirectory(directory))
             return {};
         if (errno == ENOENT && directory.has_relative_path()) {
             if (auto parent = createDirectories(directory.parent_path()); !parent)
                 return parent;
-            if (::mkdir(directory.c_str(), privateDirectory) == 0)
+            if (makesDirectory(directory))
                 return {};
         }
         const int number = errno;
