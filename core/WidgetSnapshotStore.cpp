@@ -73,7 +73,10 @@ Result<void> WidgetSnapshotStore::writeUnlocked(const WidgetSnapshot& snapshot, 
 }
 
 Result<void> WidgetSnapshotStore::removeUnlocked(FileSystem& files) const {
-    if (!files.status(snapshotURL))
+    const auto present = statusIfPresent(snapshotURL, files);
+    if (!present)
+        return std::unexpected(present.error());
+    if (!*present)
         return {};
     if (auto removed = files.remove(snapshotURL); !removed)
         return removed;

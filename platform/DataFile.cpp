@@ -3,22 +3,36 @@
 #include "platform/FileHandle.h"
 #include "platform/Uuid.h"
 
+#include <cerrno>
+
 namespace vantel {
 
 namespace {
+
+bool saysMissing(const Error& error) {
+    const auto* system = std::get_if<SystemError>(&error);
+    return system != nullptr &&
+           (system->number == ENOENT || system->number == ENOTDIR || system->number == ELOOP);
+}
 
 FileURL temporaryBeside(const FileURL& file) {
     return file.parent_path() / ("." + file.filename().string() + "." + text(randomUuid()) + ".tmp");
 }
 
+Result<void> keepMode(FileHandle& handle, const FileURL& replaced, FileSystem& files) {
+    const auto old = statusIfPresent(replaced, files);
+    if (!old)
+        return std::unexpected(old.error());
+    return *old ? handle.changeMode((*old)->mode) : Result<void>();
+}
+
 Result<void> fill(FileSystem::Descriptor descriptor, const FileURL& replaced, std::string_view bytes,
                   FileSystem& files) {
     FileHandle handle(files, descriptor);
+    if (auto kept = keepMode(handle, replaced, files); !kept)
+        return kept;
     if (auto written = handle.write(bytes); !written)
         return written;
-    if (const auto old = files.status(replaced))
-        if (auto changed = handle.changeMode(old->mode); !changed)
-            return changed;
     return handle.synchronize();
 }
 
@@ -44,6 +58,15 @@ Result<std::string> readFile(const FileURL& file, FileSystem& files) {
     auto bytes = FileHandle(files, *descriptor).readToEnd();
     std::ignore = files.close(*descriptor);
     return bytes;
+}
+
+Result<std::optional<FileStatus>> statusIfPresent(const FileURL& file, FileSystem& files) {
+    const auto status = files.status(file);
+    if (status)
+        return *status;
+    if (saysMissing(status.error()))
+        return std::nullopt;
+    return std::unexpected(status.error());
 }
 
 Result<void> writeFileAtomically(const FileURL& file, std::string_view bytes, FileSystem& files) {

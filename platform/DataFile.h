@@ -2,6 +2,7 @@
 
 #include "platform/FileSystem.h"
 
+#include <optional>
 #include <string>
 
 namespace vantel {
@@ -9,9 +10,14 @@ namespace vantel {
 /// All bytes of a regular file. A FIFO, device or folder in its place fails at once instead of blocking.
 Result<std::string> readFile(const FileURL& file, FileSystem& files);
 
+/// What lies there, through links; absent when nothing can be reached under that name. Fails when that cannot
+/// be told.
+Result<std::optional<FileStatus>> statusIfPresent(const FileURL& file, FileSystem& files);
+
 /// Puts `bytes` in the file's place so that every reader, and the disk after a power cut, has either the old
-/// file or the new one, whole. The new file keeps the old one's mode (0644 less the umask for a first file);
-/// a symbolic link is replaced, not followed. On failure the old file stands and no temporary is left.
+/// file or the new one, whole. The new file keeps the old one's mode (0644 less the umask for a first file)
+/// and has it before it has the bytes; a symbolic link is replaced, not followed. On failure the old file
+/// stands and no temporary is left.
 Result<void> writeFileAtomically(const FileURL& file, std::string_view bytes, FileSystem& files);
 
 /// Makes the names in a folder survive a power cut. Best effort: some file systems cannot sync a folder,
