@@ -30,6 +30,11 @@ bool isEnglish(const icu::Locale& locale) {
     return std::string_view(locale.getLanguage()) == "en";
 }
 
+/// All of English abbreviates units alike here; some of its regions would write "40 mins".
+icu::Locale spanLocale(const icu::Locale& locale) {
+    return isEnglish(locale) ? icu::Locale("en") : locale;
+}
+
 /// The civil time as milliseconds since 1970 in a zone without offset, which is what the formatters are set
 /// to.
 UDate civilMilliseconds(const CivilTime& time) {
@@ -142,7 +147,7 @@ std::string LocalizedFormats::timeLeft(Seconds left) const {
     UErrorCode status = U_ZERO_ERROR;
     auto& format = m_formatters->spans;
     if (!format)
-        format = std::make_unique<icu::MeasureFormat>(m_formatters->locale, UMEASFMT_WIDTH_SHORT, status);
+        format = std::make_unique<icu::MeasureFormat>(spanLocale(m_formatters->locale), UMEASFMT_WIDTH_SHORT, status);
     std::vector<icu::Measure> measures;
     for (const auto& [count, unit] : parts(left))
         measures.emplace_back(icu::Formattable(count), unit.clone(), status);
