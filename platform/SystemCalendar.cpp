@@ -1,5 +1,6 @@
 #include "platform/SystemCalendar.h"
 
+#include "platform/ClockReading.h"
 #include "platform/ZoneName.h"
 
 #include <algorithm>
@@ -9,8 +10,6 @@ namespace vantel {
 
 namespace {
 
-using ZonedSeconds = cctz::time_point<cctz::seconds>;
-
 /// Some 300,000 years: far beyond any date with a meaning, and far from every overflow.
 constexpr double calendarRange = 1e13;
 
@@ -19,7 +18,7 @@ bool isInRange(Instant instant) {
 }
 
 ZonedSeconds zonedSeconds(Instant instant) {
-    const double seconds = std::floor(secondsSinceUnixEpoch(instant));
+    const double seconds = std::floor(secondsSinceReference(instant)) + referenceInUnixTime;
     const double inRange = std::isnan(seconds) ? 0 : std::clamp(seconds, -calendarRange, calendarRange);
     return ZonedSeconds(cctz::seconds(static_cast<std::int64_t>(inRange)));
 }
@@ -58,6 +57,8 @@ Instant SystemCalendar::startOfDay(Instant instant) const {
 std::optional<Instant> SystemCalendar::addingDays(int days, Instant instant) const {
     if (!isInRange(instant))
         return std::nullopt;
+    if (days == 0)
+        return instant;
     const cctz::civil_second time = civilSecond(instant);
     const cctz::civil_day day(time);
     if (instant == startOf(day))
@@ -99,14 +100,18 @@ cctz::civil_second SystemCalendar::civilSecond(Instant instant) const {
     return cctz::convert(zonedSeconds(instant), m_zone);
 }
 
+cctz::civil_day SystemCalendar::civilDay(Instant instant) const {
+    const cctz::civil_day date(civilSecond(instant));
+    return startOf(date + 1) <= instant ? date + 1 : date;
+}
+
 Instant SystemCalendar::startOf(cctz::civil_day day) const {
-    const auto found = m_zone.lookup(cctz::civil_second(day));
-    const bool hasNoMidnight = found.kind == cctz::time_zone::civil_lookup::SKIPPED;
-    return instantFrom(hasNoMidnight ? found.trans : found.pre);
+    const ClockReading midnight = clockReading(m_zone, cctz::civil_second(day));
+    return instantFrom(midnight.change.value_or(midnight.first));
 }
 
 Instant SystemCalendar::at(cctz::civil_second time) const {
-    return instantFrom(m_zone.lookup(time).pre);
+    return instantFrom(clockReading(m_zone, time).first);
 }
 
 } // namespace vantel

@@ -35,7 +35,7 @@ public:
 
 private:
     cctz::civil_second civilSecond(Instant instant) const;
-    cctz::civil_day civilDay(Instant instant) const { return cctz::civil_day(civilSecond(instant)); }
+    cctz::civil_day civilDay(Instant instant) const;
     Instant startOf(cctz::civil_day day) const;
     Instant at(cctz::civil_second time) const;
 

@@ -2,6 +2,7 @@
 
 #include <cctz/time_zone.h>
 #include <cstdlib>
+#include <ctime>
 #include <filesystem>
 #include <string_view>
 #include <system_error>
@@ -17,7 +18,10 @@ std::string nameFromVariable(std::string_view variable) {
         return "UTC";
     std::string name(variable);
     cctz::time_zone zone;
-    return cctz::load_time_zone(name, &zone) ? name : "libc:localtime";
+    if (cctz::load_time_zone(name, &zone))
+        return name;
+    ::tzset();
+    return "libc:localtime";
 }
 
 std::string nameFromSystem() {
