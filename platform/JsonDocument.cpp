@@ -1,5 +1,8 @@
 #include "platform/JsonDocument.h"
 
+#include "platform/CheckedMath.h"
+#include "platform/JsonNumbers.h"
+
 #include <cmath>
 
 namespace vantel {
@@ -8,51 +11,9 @@ namespace {
 
 using simdjson::dom::element_type;
 
+/// The smallest integer is no double's: integers below it round to the same one.
 std::optional<std::int64_t> wholeNumber(double value) {
-    constexpr double bound = 9223372036854775808.0; // 2^63, the first double that does not fit
-    if (value < -bound || value >= bound || std::trunc(value) != value)
-        return std::nullopt;
-    return static_cast<std::int64_t>(value);
-}
-
-bool isDigit(char c) {
-    return c >= '0' && c <= '9';
-}
-
-bool isNumberCharacter(char c) {
-    return isDigit(c) || c == '-' || c == '+' || c == '.' || c == 'e' || c == 'E';
-}
-
-std::size_t endOfString(std::string_view json, std::size_t quote) {
-    std::size_t i = quote + 1;
-    while (i < json.size() && json[i] != '"')
-        i += json[i] == '\\' ? 2 : 1;
-    return std::min(i + 1, json.size());
-}
-
-/// The parser refuses integers beyond 64 bits, which are valid JSON. Giving each an exponent of zero keeps the
-/// value and makes it a plain double.
-std::string withLongIntegersAsDoubles(std::string_view json) {
-    constexpr std::size_t longestInteger = 19; // digits that always fit into 64 bits
-    std::string result;
-    result.reserve(json.size());
-    for (std::size_t i = 0; i < json.size();) {
-        std::size_t end = i + 1;
-        bool isLongInteger = false;
-        if (json[i] == '"') {
-            end = endOfString(json, i);
-        } else if (isDigit(json[i])) {
-            while (end < json.size() && isNumberCharacter(json[end]))
-                ++end;
-            isLongInteger = end - i > longestInteger && json.substr(i, end - i).find_first_not_of("0123456789") ==
-                                                            std::string_view::npos;
-        }
-        result += json.substr(i, end - i);
-        if (isLongInteger)
-            result += "e0";
-        i = end;
-    }
-    return result;
+    return std::trunc(value) == value && value > -0x1p63 ? truncatedToInteger(value) : std::nullopt;
 }
 
 Error invalidDocument(simdjson::error_code code) {
@@ -67,7 +28,7 @@ Error invalidDocument(simdjson::error_code code) {
     case simdjson::MEMALLOC:
         return DecodingError{"", "too large"};
     case simdjson::NUMBER_ERROR:
-        return DecodingError{"", "not valid JSON: a number is malformed or too large"};
+        return DecodingError{"", "not valid JSON: a number is malformed"};
     case simdjson::STRING_ERROR:
         return DecodingError{"", "not valid JSON: a text is malformed"};
     default:
@@ -178,8 +139,8 @@ Result<JsonObjectReader> JsonDocument::parseObject(std::string_view bytes) {
     simdjson::dom::element root;
     auto code = m_parser.parse(bytes.data(), bytes.size()).get(root);
     if (code != simdjson::SUCCESS)
-        if (const std::string plain = withLongIntegersAsDoubles(bytes); plain.size() != bytes.size())
-            code = m_parser.parse(plain).get(root);
+        if (const std::string inRange = withNumbersInRange(bytes); inRange != bytes)
+            code = m_parser.parse(inRange).get(root);
     if (code != simdjson::SUCCESS)
         return std::unexpected(invalidDocument(code));
     simdjson::dom::object object;

@@ -18,7 +18,8 @@ namespace vantel {
 /// The first field that is not what it should be stops the reading: `failure()` then tells where and why, and
 /// every later read gives an empty value that must not be used. So a record is read in one expression, and asked
 /// once at the end. Of duplicate keys the first counts. An optional field may be missing or `null`; a required
-/// one may be neither. A number is an integer when its value is one (`3`, `3.0`, `3e0`) and fits 64 bits.
+/// one may be neither. A number is an integer when its value is one (`3`, `3.0`, `3e0`) and fits 64 bits; a boolean is
+/// never a number.
 ///
 /// A reader looks into its JsonDocument and must not outlive it.
 class JsonObjectReader {
@@ -61,7 +62,8 @@ private:
     std::optional<DecodingError> m_failure;
 };
 
-/// One JSON document: UTF-8 without a byte order mark, valid from its first byte to its last.
+/// One JSON document: UTF-8 without a byte order mark, valid from its first byte to its last. Numbers may be of any
+/// size; one that is beyond all doubles is refused only where it is read.
 /// Keeps the parsed text alive for its readers. Parsing never throws and never recurses.
 class JsonDocument {
 public:

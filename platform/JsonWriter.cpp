@@ -3,8 +3,9 @@
 #include <array>
 #include <charconv>
 #include <cmath>
-#include <simdjson.h>
 #include <utility>
+
+#include <simdjson.h>
 
 namespace vantel {
 
@@ -87,6 +88,11 @@ void JsonWriter::null() {
 }
 
 void JsonWriter::integer(std::int64_t number) {
+    separate();
+    appendNumber(m_json, number);
+}
+
+void JsonWriter::integer(std::uint64_t number) {
     separate();
     appendNumber(m_json, number);
 }

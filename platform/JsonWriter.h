@@ -12,11 +12,11 @@
 
 namespace vantel {
 
-/// Writes one compact JSON value. Numbers are the shortest text that reads back the same (`788918400`, `0.94`,
-/// `1e+21`), keys stand in the order they are written, and nothing but what JSON demands is escaped.
+/// Writes one compact JSON value. Numbers are the shortest text that reads back the same (`788918400`,
+/// `0.94`, `1e+21`), keys stand in the order they are written, and nothing but what JSON demands is escaped.
 ///
-/// What has no JSON form (a number that is not finite, a text that is not UTF-8) makes `finish` fail, with the
-/// path of the first such value.
+/// What has no JSON form (a number that is not finite, a text that is not UTF-8) makes `finish` fail, with
+/// the path of the first such value.
 class JsonWriter {
 public:
     void beginObject();
@@ -24,13 +24,15 @@ public:
     void beginArray();
     void endArray();
 
-    /// The key of the next value. Must outlive the next call.
+    /// The key of the next value: a name without characters that JSON escapes. Must outlive the value, an
+    /// object's or an array's last member included.
     void key(std::string_view name);
 
     void value(std::string_view text);
     void value(const char* text) { value(std::string_view(text)); }
     void value(const std::string& text) { value(std::string_view(text)); }
-    void value(std::integral auto number) { integer(static_cast<std::int64_t>(number)); }
+    void value(std::signed_integral auto number) { integer(std::int64_t{number}); }
+    void value(std::unsigned_integral auto number) { integer(std::uint64_t{number}); }
     void value(double number);
     void value(bool flag);
     void value(Instant instant) { value(secondsSinceReference(instant)); }
@@ -60,6 +62,7 @@ private:
     };
 
     void integer(std::int64_t number);
+    void integer(std::uint64_t number);
     void begin(char bracket, bool isArray);
     void end(char bracket);
     void separate();
