@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include <arpa/inet.h>
+
 namespace vantel {
 
 namespace {
@@ -12,7 +14,6 @@ constexpr std::string_view inQuery = "!$&'()*+,;=:@/?";
 constexpr std::string_view inQueryItem = "!$'()*+,;:@/?";
 constexpr std::string_view inUserInfo = "!$&'()*+,;=:";
 constexpr std::string_view inHostName = "!$&'()*+,;=";
-constexpr std::string_view inAddress = "ABCDEFabcdef0123456789:.";
 
 enum class Escapes { kept, encoded };
 
@@ -59,18 +60,25 @@ std::string encoded(std::string_view text, std::string_view also, Escapes escape
 }
 
 bool isScheme(std::string_view text) {
-    const auto isSchemeCharacter = [](char c) { return isLetter(c) || isDigit(c) || c == '+' || c == '-' || c == '.'; };
+    const auto isSchemeCharacter = [](char c) {
+        return isLetter(c) || isDigit(c) || c == '+' || c == '-' || c == '.';
+    };
     return !text.empty() && isLetter(text.front()) && std::ranges::all_of(text, isSchemeCharacter);
 }
 
+bool isBracketedAddress(std::string_view host) {
+    if (host.size() < 2 || !host.ends_with(']') || host.contains('\0'))
+        return false;
+    const std::string address(host.substr(1, host.size() - 2));
+    in6_addr parsed{};
+    return ::inet_pton(AF_INET6, address.c_str(), &parsed) == 1;
+}
+
 std::optional<std::string> normalizedHost(std::string_view host) {
-    if (host.starts_with('[')) {
-        const bool isAddress = host.size() > 2 && host.ends_with(']') &&
-                               std::ranges::all_of(host.substr(1, host.size() - 2),
-                                                   [](char c) { return inAddress.contains(c); });
-        return isAddress ? std::optional(std::string(host)) : std::nullopt;
-    }
-    if (std::ranges::any_of(host, [](char c) { return isBlankOrControl(c) || c == '[' || c == ']' || c == ':'; }))
+    if (host.starts_with('['))
+        return isBracketedAddress(host) ? std::optional(std::string(host)) : std::nullopt;
+    if (std::ranges::any_of(host,
+                            [](char c) { return isBlankOrControl(c) || c == '[' || c == ']' || c == ':'; }))
         return std::nullopt;
     return encoded(host, inHostName, Escapes::kept);
 }
@@ -138,8 +146,8 @@ std::optional<Url> makeUrl(std::string_view scheme, std::string_view host, std::
     const auto normalized = normalizedHost(host);
     if (!isScheme(scheme) || !normalized)
         return std::nullopt;
-    const std::string query =
-        encoded(queryName, inQueryItem, Escapes::encoded) + '=' + encoded(queryValue, inQueryItem, Escapes::encoded);
+    const std::string query = encoded(queryName, inQueryItem, Escapes::encoded) + '=' +
+                              encoded(queryValue, inQueryItem, Escapes::encoded);
     return Url{std::string(scheme) + "://" + *normalized + '?' + query};
 }
 
