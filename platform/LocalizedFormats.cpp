@@ -1,5 +1,6 @@
 #include "platform/LocalizedFormats.h"
 
+#include "platform/IcuLocale.h"
 #include "platform/MessageDomain.h"
 
 #include <algorithm>
@@ -11,6 +12,7 @@
 #include <libintl.h>
 #include <unicode/casemap.h>
 #include <unicode/dtptngen.h>
+#include <unicode/gregocal.h>
 #include <unicode/measfmt.h>
 #include <unicode/measunit.h>
 #include <unicode/measure.h>
@@ -20,14 +22,17 @@ namespace vantel {
 
 namespace {
 
-icu::Locale icuLocale(const std::string& name) {
-    const bool isPlain = name == "C" || name == "POSIX" || name.starts_with("C.");
-    icu::Locale locale = isPlain ? icu::Locale("en_US_POSIX") : icu::Locale(name.c_str());
-    return locale.isBogus() ? icu::Locale("en") : locale;
-}
-
 bool isEnglish(const icu::Locale& locale) {
     return std::string_view(locale.getLanguage()) == "en";
+}
+
+/// English puts the weekday first and a comma before the month; its raw patterns differ between releases of
+/// the locale data ("14 Fri", "Wed 19 Nov").
+icu::UnicodeString englishPattern(icu::DateTimePatternGenerator& patterns, DateFields fields,
+                                  UErrorCode& status) {
+    if (fields == DateFields::weekdayDay)
+        return u"EEE d";
+    return u"EEE, " + patterns.getBestPattern(u"MMMd", status);
 }
 
 /// All of English abbreviates units alike here; some of its regions would write "40 mins".
@@ -46,6 +51,15 @@ UDate civilMilliseconds(const CivilTime& time) {
                         static_cast<double>(time.year / 400) * daysInCycle;
     const double minutes = (days * 24 + time.hour) * 60 + time.minute;
     return (minutes * 60 + time.second) * 1000;
+}
+
+/// The calendar that people of the locale use, in a zone without offset. A Gregorian one knows no other calendar
+/// before it, as CivilTime does not.
+std::unique_ptr<icu::Calendar> newCalendar(const icu::Locale& locale, UErrorCode& status) {
+    std::unique_ptr<icu::Calendar> calendar(icu::Calendar::createInstance(*icu::TimeZone::getGMT(), locale, status));
+    if (auto* gregorian = dynamic_cast<icu::GregorianCalendar*>(calendar.get()))
+        gregorian->setGregorianChange(-1e17, status);
+    return calendar;
 }
 
 std::string utf8(const icu::UnicodeString& text) {
@@ -81,44 +95,36 @@ struct LocalizedFormats::Formatters {
     explicit Formatters(const std::string& name)
         : locale(icuLocale(name)) {}
 
-    icu::UnicodeString bestPattern(const char16_t* skeleton, UErrorCode& status) {
+    const icu::SimpleDateFormat* dateFormat(DateFields fields) {
+        auto& slot = dates[static_cast<std::size_t>(fields)];
+        if (!slot)
+            slot = newDateFormat(fields);
+        return slot.get();
+    }
+
+    std::unique_ptr<icu::SimpleDateFormat> newDateFormat(DateFields fields) {
+        UErrorCode status = U_ZERO_ERROR;
+        const icu::UnicodeString pattern = patternOf(fields, status);
+        auto format = std::make_unique<icu::SimpleDateFormat>(pattern, locale, status);
+        auto calendar = newCalendar(locale, status);
+        if (U_FAILURE(status))
+            return nullptr;
+        format->adoptCalendar(calendar.release());
+        return format;
+    }
+
+    icu::UnicodeString patternOf(DateFields fields, UErrorCode& status) {
+        if (fields == DateFields::weekday)
+            return u"ccc";
         if (!patterns)
             patterns.reset(icu::DateTimePatternGenerator::createInstance(locale, status));
         if (U_FAILURE(status))
             return {};
-        return patterns->getBestPattern(icu::UnicodeString(skeleton), status);
-    }
-
-    /// English puts the weekday first and a comma before the month; its raw patterns differ between releases
-    /// of the locale data ("14 Fri", "Wed 19 Nov").
-    icu::UnicodeString patternFor(DateFields fields, UErrorCode& status) {
-        switch (fields) {
-        case DateFields::weekday:
-            return u"ccc";
-        case DateFields::weekdayDay:
-            return isEnglish(locale) ? icu::UnicodeString(u"EEE d") : bestPattern(u"EEEd", status);
-        case DateFields::weekdayMonthDay:
-            return isEnglish(locale) ? u"EEE, " + bestPattern(u"MMMd", status)
-                                     : bestPattern(u"MMMEd", status);
-        case DateFields::hourMinute:
-            return bestPattern(u"jmm", status);
-        }
-        return {};
-    }
-
-    /// Null when the locale data cannot be read.
-    icu::SimpleDateFormat* dateFormat(DateFields fields) {
-        auto& slot = dates[static_cast<std::size_t>(fields)];
-        if (slot)
-            return slot.get();
-        UErrorCode status = U_ZERO_ERROR;
-        const icu::UnicodeString pattern = patternFor(fields, status);
-        auto made = std::make_unique<icu::SimpleDateFormat>(pattern, locale, status);
-        if (U_FAILURE(status))
-            return nullptr;
-        made->setTimeZone(*icu::TimeZone::getGMT());
-        slot = std::move(made);
-        return slot.get();
+        if (fields == DateFields::hourMinute)
+            return patterns->getBestPattern(u"jmm", status);
+        if (isEnglish(locale))
+            return englishPattern(*patterns, fields, status);
+        return patterns->getBestPattern(fields == DateFields::weekdayDay ? u"EEEd" : u"MMMEd", status);
     }
 
     std::mutex mutex;
