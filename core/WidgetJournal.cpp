@@ -1,6 +1,7 @@
 #include "core/WidgetJournal.h"
 
 #include "core/WidgetShared.h"
+#include "platform/DataFile.h"
 
 namespace vantel::WidgetJournal {
 
@@ -51,10 +52,13 @@ Result<void> writeAndSync(FileHandle& handle, std::string_view bytes) {
     return handle.synchronizeData();
 }
 
-Result<void> appendLine(FileHandle& handle, const std::string& line) {
+Result<void> appendLine(FileHandle& handle, const FileURL& journal, const std::string& line,
+                        FileSystem& files) {
     const auto length = handle.seekToEnd();
     if (!length)
         return std::unexpected(length.error());
+    if (*length == 0)
+        syncDirectory(journal.parent_path(), files); // The file may be new: no line without a durable name.
     const auto torn = endsTorn(handle, *length);
     if (!torn)
         return std::unexpected(torn.error());
@@ -95,7 +99,8 @@ Result<void> append(const WidgetJournalEntry& entry, FileSystem& files) {
     if (!encoded)
         return std::unexpected(encoded.error());
     const std::string line = *encoded + '\n';
-    return withLockedFile(*journal, [&](FileHandle& handle) { return appendLine(handle, line); }, files);
+    const auto appending = [&](FileHandle& handle) { return appendLine(handle, *journal, line, files); };
+    return withLockedFile(*journal, appending, files);
 }
 
 Result<std::vector<WidgetJournalEntry>> pending(FileSystem& files) {

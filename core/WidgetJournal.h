@@ -13,16 +13,18 @@
 /// without a time-out. Lines that do not decode are passed over, and dropped by the next `remove`.
 namespace vantel::WidgetJournal {
 
-/// Adds one line. Success means that the line would survive a power cut; failure means that there is no line.
+/// Adds one line. Success means that the line would survive a power cut; failure means that there is no line,
+/// unless the disk refuses even to take it back.
 Result<void> append(const WidgetJournalEntry& entry, FileSystem& files = systemFileSystem());
 
 /// All entries, in file order. Changes nothing.
 Result<std::vector<WidgetJournalEntry>> pending(FileSystem& files = systemFileSystem());
 
-/// Rewrites the file without the entries of those ids. Without ids, or without a container, nothing happens.
+/// Rewrites the file, in place, without the entries of those ids. A failure puts every line back, unless the
+/// disk refuses them then. Without ids, or without a container, nothing happens.
 Result<void> remove(const std::set<Uuid>& ids, FileSystem& files = systemFileSystem());
 
-/// Empties the file.
+/// Empties the file. When only the sync fails, the file is empty but a power cut may bring the lines back.
 Result<void> removeAll(FileSystem& files = systemFileSystem());
 
 } // namespace vantel::WidgetJournal
