@@ -1,6 +1,5 @@
 #include "core/WidgetBuckets.h"
 
-
 #include <algorithm>
 
 namespace vantel::WidgetBuckets {
@@ -77,7 +76,8 @@ Tasks inDisplayOrder(std::span<const WidgetTask> tasks, Condition condition) {
 /// The first few of a bucket in display order, kept in order as tasks come in.
 class HeadBuilder {
 public:
-    explicit HeadBuilder(std::size_t rows) : m_rows(rows) {}
+    explicit HeadBuilder(std::size_t rows)
+        : m_rows(rows) {}
 
     void add(const WidgetTask& task) {
         ++m_count;
@@ -105,7 +105,8 @@ private:
 /// The first task with the earliest deadline from a midnight on.
 class NextDue {
 public:
-    explicit NextDue(Instant midnight) : m_midnight(midnight) {}
+    explicit NextDue(Instant midnight)
+        : m_midnight(midnight) {}
 
     void add(const WidgetTask& task) {
         if (task.completedAt || !task.deadline || *task.deadline < m_midnight)
@@ -114,7 +115,9 @@ public:
             m_task = &task;
     }
 
-    std::optional<WidgetTask> task() const { return m_task == nullptr ? std::nullopt : std::optional(*m_task); }
+    std::optional<WidgetTask> task() const {
+        return m_task == nullptr ? std::nullopt : std::optional(*m_task);
+    }
 
 private:
     Instant m_midnight;
@@ -174,7 +177,8 @@ Overview overview(std::span<const WidgetTask> tasks, Instant at, const Calendar&
     return overview;
 }
 
-std::optional<WidgetTask> nextDue(std::span<const WidgetTask> tasks, Instant after, const Calendar& calendar) {
+std::optional<WidgetTask> nextDue(std::span<const WidgetTask> tasks, Instant after,
+                                  const Calendar& calendar) {
     NextDue next(nextMidnight(after, calendar));
     for (const WidgetTask& task : tasks)
         next.add(task);

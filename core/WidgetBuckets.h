@@ -8,8 +8,8 @@
 
 /// Which tasks count as open, overdue, due today and done today, and in which order they are shown.
 ///
-/// "Today" is the calendar's day that contains `at`. Display order: tasks with a deadline first, earlier deadlines
-/// before later ones; then the higher score; then the order in the input.
+/// "Today" is the calendar's day that contains `at`. Display order: tasks with a deadline first, earlier
+/// deadlines before later ones; then the higher score; then the order in the input.
 namespace vantel::WidgetBuckets {
 
 using Tasks = std::vector<WidgetTask>;
@@ -17,10 +17,12 @@ using Tasks = std::vector<WidgetTask>;
 /// The tasks that are not completed, in input order.
 Tasks open(std::span<const WidgetTask> tasks);
 
-/// The open tasks whose deadline lies before today, in display order. One that was due earlier today is not overdue.
+/// The open tasks whose deadline lies before today, in display order. One that was due earlier today is not
+/// overdue.
 Tasks overdue(std::span<const WidgetTask> tasks, Instant at, const Calendar& calendar);
 
-/// The open tasks whose deadline lies in today, in display order. Empty when the calendar cannot tell tomorrow.
+/// The open tasks whose deadline lies in today, in display order. Empty when the calendar cannot tell
+/// tomorrow.
 Tasks dueToday(std::span<const WidgetTask> tasks, Instant at, const Calendar& calendar);
 
 /// How many are overdue or due today.
@@ -50,14 +52,16 @@ struct Overview {
     bool operator==(const Overview&) const = default;
 };
 
-/// All of the above at once, in one pass that neither sorts nor copies more than `rows` tasks a bucket: the same
-/// answers as the single functions give, for any number of tasks.
+/// All of the above at once, in one pass that neither sorts nor copies more than `rows` tasks a bucket: the
+/// same answers as the single functions give, for any number of tasks.
 Overview overview(std::span<const WidgetTask> tasks, Instant at, const Calendar& calendar, std::size_t rows);
 
-/// The open task with the earliest deadline at or after the next midnight; of equal ones the first in the input.
+/// The open task with the earliest deadline at or after the next midnight; of equal ones the first in the
+/// input.
 std::optional<WidgetTask> nextDue(std::span<const WidgetTask> tasks, Instant after, const Calendar& calendar);
 
-/// When the day after the given instant's begins. Where the calendar cannot tell, a day's length after the instant.
+/// When the day after the given instant's begins. Where the calendar cannot tell, a day's length after the
+/// instant.
 Instant nextMidnight(Instant after, const Calendar& calendar);
 
 /// Whether the weekly recap is on: from Friday 15:00 until Sunday ends.

@@ -7,7 +7,8 @@ namespace vantel {
 
 namespace {
 
-constexpr std::array<std::string_view, 4> rawValues = {"personDate", "grantDeadline", "grantMilestone", "absence"};
+constexpr std::array<std::string_view, 4> rawValues = {"personDate", "grantDeadline", "grantMilestone",
+                                                       "absence"};
 
 } // namespace
 

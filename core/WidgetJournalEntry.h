@@ -22,7 +22,8 @@ struct WidgetJournalEntry {
 
     bool operator==(const WidgetJournalEntry&) const = default;
 
-    /// Whether the entry is for an account; one that is bound to none is for any account when that is allowed.
+    /// Whether the entry is for an account; one that is bound to none is for any account when that is
+    /// allowed.
     bool belongs(std::string_view to, bool allowingLegacyUnbound) const;
 };
 
@@ -32,8 +33,8 @@ std::string_view rawValue(WidgetJournalEntry::Action action);
 /// The action of exactly that spelling; nothing for any other text.
 std::optional<WidgetJournalEntry::Action> journalAction(std::string_view rawValue);
 
-/// One line of the journal, without its line feed. Fails for an instant that is not finite and for a text that is
-/// not UTF-8.
+/// One line of the journal, without its line feed. Fails for an instant that is not finite and for a text
+/// that is not UTF-8.
 Result<std::string> encodeJournalEntry(const WidgetJournalEntry& entry);
 
 /// Reads one line. "accountID" may be missing, as in lines written before entries were bound to an account.

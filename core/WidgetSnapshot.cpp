@@ -51,7 +51,8 @@ Result<bool> WidgetSnapshot::remove(std::string_view matchingAccountID, bool all
     return store->remove(matchingAccountID, allowingLegacyUnbound);
 }
 
-Result<bool> WidgetSnapshot::applyCompletion(std::string_view of, Instant at, std::string_view matchingAccountID) {
+Result<bool> WidgetSnapshot::applyCompletion(std::string_view of, Instant at,
+                                             std::string_view matchingAccountID) {
     const auto store = sharedStore();
     if (!store)
         return std::unexpected(store.error());

@@ -20,7 +20,8 @@ Appearance Appearance::highContrastDarkAqua() {
     return {"NSAppearanceNameAccessibilityHighContrastDarkAqua", {std::string(darkAquaName)}};
 }
 
-std::optional<std::string_view> bestMatch(const Appearance& appearance, std::span<const std::string_view> names) {
+std::optional<std::string_view> bestMatch(const Appearance& appearance,
+                                          std::span<const std::string_view> names) {
     if (const auto found = std::ranges::find(names, appearance.name); found != names.end())
         return *found;
     for (const std::string& base : appearance.variationOf)

@@ -24,8 +24,9 @@ struct Appearance {
 inline constexpr std::string_view aquaName = "NSAppearanceNameAqua";
 inline constexpr std::string_view darkAquaName = "NSAppearanceNameDarkAqua";
 
-/// The one of `names` that an appearance is nearest to: itself, else the first look that it is a variation of.
-/// Absent when none of them is related.
-std::optional<std::string_view> bestMatch(const Appearance& appearance, std::span<const std::string_view> names);
+/// The one of `names` that an appearance is nearest to: itself, else the first look that it is a variation
+/// of. Absent when none of them is related.
+std::optional<std::string_view> bestMatch(const Appearance& appearance,
+                                          std::span<const std::string_view> names);
 
 } // namespace vantel

@@ -5,13 +5,15 @@
 
 namespace vantel {
 
-/// One value on the heap that copies and compares like the value itself, so that a type can hold one of its own
-/// kind. Never empty, except after being moved from.
+/// One value on the heap that copies and compares like the value itself, so that a type can hold one of its
+/// own kind. Never empty, except after being moved from.
 template <typename Value>
 class Boxed {
 public:
-    Boxed(Value value) : m_value(std::make_unique<Value>(std::move(value))) {}
-    Boxed(const Boxed& other) : m_value(std::make_unique<Value>(*other)) {}
+    Boxed(Value value)
+        : m_value(std::make_unique<Value>(std::move(value))) {}
+    Boxed(const Boxed& other)
+        : m_value(std::make_unique<Value>(*other)) {}
     Boxed(Boxed&&) noexcept = default;
     Boxed& operator=(const Boxed& other) { return *this = Boxed(other); }
     Boxed& operator=(Boxed&&) noexcept = default;

@@ -47,12 +47,12 @@ struct ResolvedColor {
     bool operator==(const ResolvedColor&) const = default;
 };
 
-/// The components of a dynamic colour: the dark value when the appearance is nearest to the dark look, else the
-/// light one. Red is not masked: a value above 0xFFFFFF gives a red above 1.
+/// The components of a dynamic colour: the dark value when the appearance is nearest to the dark look, else
+/// the light one. Red is not masked: a value above 0xFFFFFF gives a red above 1.
 ResolvedColor resolve(const DynamicColor& color, const Appearance& appearance);
 
-/// The components of any colour, where the host draws its primary text in `primary`. Made for each drawing, so
-/// that a change of appearance needs no new view.
+/// The components of any colour, where the host draws its primary text in `primary`. Made for each drawing,
+/// so that a change of appearance needs no new view.
 ResolvedColor resolve(const Color& color, const Appearance& appearance, const ResolvedColor& primary);
 
 } // namespace vantel

@@ -176,7 +176,8 @@ struct Frame {
 
 /// One node of a view: what it is, and the room around it. Reading order is child order.
 struct Element {
-    std::variant<Text, RelativeTime, Symbol, Row, Column, Stack, Spacer, Rule, RoundedRectangle, Capsule, Link, Button>
+    std::variant<Text, RelativeTime, Symbol, Row, Column, Stack, Spacer, Rule, RoundedRectangle, Capsule,
+                 Link, Button>
         kind;
     Padding padding = {};
     Frame frame = {};

@@ -29,8 +29,8 @@ struct IntentContext {
     UuidSource& identifiers;
 };
 
-/// An action that a bundle offers. `perform` blocks (on files and their locks) and belongs on a worker thread; each
-/// call is one run. A failure is the user's to hear of.
+/// An action that a bundle offers. `perform` blocks (on files and their locks) and belongs on a worker
+/// thread; each call is one run. A failure is the user's to hear of.
 struct IntentDeclaration {
     std::string name;
     std::string title; ///< a text key

@@ -32,8 +32,8 @@ struct Timeline {
     bool operator==(const Timeline&) const = default;
 };
 
-/// Where a widget's entries come from. Calls may come from any thread and complete before they return; they may
-/// block on files.
+/// Where a widget's entries come from. Calls may come from any thread and complete before they return; they
+/// may block on files.
 template <typename Entry>
 class TimelineProvider {
 public:

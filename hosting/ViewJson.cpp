@@ -26,10 +26,12 @@ std::string_view name(StackAlignment alignment) {
     return names[static_cast<std::size_t>(alignment)];
 }
 
-/// Writes an element, one function per kind; the keys of a kind stand in the same object as those of the frame.
+/// Writes an element, one function per kind; the keys of a kind stand in the same object as those of the
+/// frame.
 class ElementWriter {
 public:
-    explicit ElementWriter(JsonWriter& json) : m_json(json) {}
+    explicit ElementWriter(JsonWriter& json)
+        : m_json(json) {}
 
     void write(const Element& element) {
         m_json.beginObject();

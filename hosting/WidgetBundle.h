@@ -8,8 +8,8 @@
 
 namespace vantel {
 
-/// Everything that a host learns about a set of widgets: the kinds, in the order in which a gallery shows them,
-/// and the actions that their buttons can run.
+/// Everything that a host learns about a set of widgets: the kinds, in the order in which a gallery shows
+/// them, and the actions that their buttons can run.
 struct WidgetBundle {
     std::vector<StaticConfiguration> widgets;
     std::vector<IntentDeclaration> intents;

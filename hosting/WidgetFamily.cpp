@@ -18,7 +18,8 @@ std::string_view shortName(WidgetFamily family) {
 }
 
 std::optional<WidgetFamily> parseWidgetFamily(std::string_view text) {
-    for (const auto family : {WidgetFamily::systemSmall, WidgetFamily::systemMedium, WidgetFamily::systemLarge})
+    for (const auto family :
+         {WidgetFamily::systemSmall, WidgetFamily::systemMedium, WidgetFamily::systemLarge})
         if (text == name(family) || text == shortName(family))
             return family;
     return std::nullopt;

@@ -20,7 +20,8 @@ public:
 /// A clock that stands still: the fake of tests, and the clock of every "as of this moment" question.
 class FixedClock final : public Clock {
 public:
-    explicit FixedClock(Instant now) : m_now(now) {}
+    explicit FixedClock(Instant now)
+        : m_now(now) {}
     Instant now() const override { return m_now; }
 
 private:

@@ -17,7 +17,8 @@ struct CocoaError {
     bool operator==(const CocoaError&) const = default;
 };
 
-/// A document that does not decode: where (`tasks[3].priorityScore`, empty for the whole) and why (`missing`).
+/// A document that does not decode: where (`tasks[3].priorityScore`, empty for the whole) and why
+/// (`missing`).
 struct DecodingError {
     std::string keyPath;
     std::string reason;

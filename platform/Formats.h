@@ -24,8 +24,8 @@ public:
     virtual std::string date(const CivilTime& time, DateFields fields) const = 0;
 
     /// A time span in the two largest of hours, minutes and seconds: "1 hr, 5 min", "25 min", "45 sec".
-    /// A minute that has begun counts whole, so that the text agrees with the clocks on the wall; under a minute
-    /// the seconds count. Nothing is left of a span that is over: "0 sec".
+    /// A minute that has begun counts whole, so that the text agrees with the clocks on the wall; under a
+    /// minute the seconds count. Nothing is left of a span that is over: "0 sec".
     virtual std::string timeLeft(Seconds left) const = 0;
 
     /// Unicode's upper case: "ß" gives "SS".

@@ -8,7 +8,8 @@
 
 namespace vantel {
 
-/// Where a program's information dictionary lies: `../share/<program>/Info.json` beside its executable's folder.
+/// Where a program's information dictionary lies: `../share/<program>/Info.json` beside its executable's
+/// folder.
 FileURL informationDictionaryOf(const FileURL& executable);
 
 /// The text that a dictionary holds under a key. Absent when the file is missing or not a JSON object, or the

@@ -6,25 +6,27 @@
 
 #include <cstdint>
 #include <optional>
-#include <simdjson.h>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include <simdjson.h>
 
 namespace vantel {
 
 /// Reads the fields of one JSON object, strictly, into records.
 ///
 /// The first field that is not what it should be stops the reading: `failure()` then tells where and why, and
-/// every later read gives an empty value that must not be used. So a record is read in one expression, and asked
-/// once at the end. Of duplicate keys the first counts. An optional field may be missing or `null`; a required
-/// one may be neither. A number is an integer when its value is one (`3`, `3.0`, `3e0`) and fits 64 bits; a boolean is
-/// never a number.
+/// every later read gives an empty value that must not be used. So a record is read in one expression, and
+/// asked once at the end. Of duplicate keys the first counts. An optional field may be missing or `null`; a
+/// required one may be neither. A number is an integer when its value is one (`3`, `3.0`, `3e0`) and fits 64
+/// bits; a boolean is never a number.
 ///
 /// A reader looks into its JsonDocument and must not outlive it.
 class JsonObjectReader {
 public:
-    explicit JsonObjectReader(simdjson::dom::object object) : m_object(object) {}
+    explicit JsonObjectReader(simdjson::dom::object object)
+        : m_object(object) {}
 
     std::string text(std::string_view key);
     std::optional<std::string> optionalText(std::string_view key);
@@ -62,9 +64,9 @@ private:
     std::optional<DecodingError> m_failure;
 };
 
-/// One JSON document: UTF-8 without a byte order mark, valid from its first byte to its last. Numbers may be of any
-/// size; one that is beyond all doubles is refused only where it is read.
-/// Keeps the parsed text alive for its readers. Parsing never throws and never recurses.
+/// One JSON document: UTF-8 without a byte order mark, valid from its first byte to its last. Numbers may be
+/// of any size; one that is beyond all doubles is refused only where it is read. Keeps the parsed text alive
+/// for its readers. Parsing never throws and never recurses.
 class JsonDocument {
 public:
     /// Parses a document whose root is an object. Any earlier reader of this document becomes invalid.

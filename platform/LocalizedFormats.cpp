@@ -53,10 +53,11 @@ UDate civilMilliseconds(const CivilTime& time) {
     return (minutes * 60 + time.second) * 1000;
 }
 
-/// The calendar that people of the locale use, in a zone without offset. A Gregorian one knows no other calendar
-/// before it, as CivilTime does not.
+/// The calendar that people of the locale use, in a zone without offset. A Gregorian one knows no other
+/// calendar before it, as CivilTime does not.
 std::unique_ptr<icu::Calendar> newCalendar(const icu::Locale& locale, UErrorCode& status) {
-    std::unique_ptr<icu::Calendar> calendar(icu::Calendar::createInstance(*icu::TimeZone::getGMT(), locale, status));
+    std::unique_ptr<icu::Calendar> calendar(
+        icu::Calendar::createInstance(*icu::TimeZone::getGMT(), locale, status));
     if (auto* gregorian = dynamic_cast<icu::GregorianCalendar*>(calendar.get()))
         gregorian->setGregorianChange(-1e17, status);
     return calendar;
@@ -153,7 +154,8 @@ std::string LocalizedFormats::timeLeft(Seconds left) const {
     UErrorCode status = U_ZERO_ERROR;
     auto& format = m_formatters->spans;
     if (!format)
-        format = std::make_unique<icu::MeasureFormat>(spanLocale(m_formatters->locale), UMEASFMT_WIDTH_SHORT, status);
+        format = std::make_unique<icu::MeasureFormat>(spanLocale(m_formatters->locale), UMEASFMT_WIDTH_SHORT,
+                                                      status);
     std::vector<icu::Measure> measures;
     for (const auto& [count, unit] : parts(left))
         measures.emplace_back(icu::Formattable(count), unit.clone(), status);

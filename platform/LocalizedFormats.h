@@ -10,8 +10,8 @@ namespace vantel {
 /// process. Formatters are made on first use and kept. Safe to use from any thread.
 class LocalizedFormats final : public Formats {
 public:
-    /// `locale` is a POSIX or BCP 47 name. An unknown one falls back to its language, then to English; the C locale
-    /// reads like English.
+    /// `locale` is a POSIX or BCP 47 name. An unknown one falls back to its language, then to English; the C
+    /// locale reads like English.
     explicit LocalizedFormats(const std::string& locale);
     LocalizedFormats(const LocalizedFormats&) = delete;
     LocalizedFormats& operator=(const LocalizedFormats&) = delete;

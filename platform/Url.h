@@ -19,8 +19,8 @@ struct Url {
 /// in the host other than around an IPv6 address, or with a port that is not a number.
 std::optional<Url> parseUrl(std::string_view text);
 
-/// `scheme://host?name=value`, the value percent-encoded as one query item, so that `&`, `=` and `#` in it stay
-/// its own. Nothing when the pieces make no valid URL.
+/// `scheme://host?name=value`, the value percent-encoded as one query item, so that `&`, `=` and `#` in it
+/// stay its own. Nothing when the pieces make no valid URL.
 std::optional<Url> makeUrl(std::string_view scheme, std::string_view host, std::string_view queryName,
                            std::string_view queryValue);
 

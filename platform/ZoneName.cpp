@@ -1,11 +1,12 @@
 #include "platform/ZoneName.h"
 
-#include <cctz/time_zone.h>
 #include <cstdlib>
 #include <ctime>
 #include <filesystem>
 #include <string_view>
 #include <system_error>
+
+#include <cctz/time_zone.h>
 
 namespace vantel {
 

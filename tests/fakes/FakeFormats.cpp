@@ -45,7 +45,8 @@ std::string PlainFormats::timeLeft(Seconds left) const {
 
 std::string PlainFormats::upperCase(std::string_view text) const {
     std::string result(text);
-    std::ranges::transform(result, result.begin(), [](unsigned char c) { return static_cast<char>(std::toupper(c)); });
+    std::ranges::transform(result, result.begin(),
+                           [](unsigned char c) { return static_cast<char>(std::toupper(c)); });
     return result;
 }
 
