@@ -15,7 +15,10 @@ public:
     Boxed(const Boxed& other)
         : m_value(std::make_unique<Value>(*other)) {}
     Boxed(Boxed&&) noexcept = default;
-    Boxed& operator=(const Boxed& other) { return *this = Boxed(other); }
+    Boxed& operator=(const Boxed& other) {
+        *this = Boxed(other);
+        return *this;
+    }
     Boxed& operator=(Boxed&&) noexcept = default;
     ~Boxed() = default;
 

@@ -39,9 +39,9 @@ using Color = std::variant<PrimaryColor, TokenColor>;
 
 /// sRGB components, 0 to 1 for every real colour.
 struct ResolvedColor {
-    double red;
-    double green;
-    double blue;
+    double red = 0;
+    double green = 0;
+    double blue = 0;
     double alpha = 1;
 
     bool operator==(const ResolvedColor&) const = default;

@@ -2,28 +2,30 @@
 
 #include "platform/JsonWriter.h"
 
+#include <array>
+
 namespace vantel {
 
 namespace {
 
 std::string_view name(FontWeight weight) {
-    constexpr std::string_view names[] = {"regular", "medium", "semibold", "bold"};
-    return names[static_cast<std::size_t>(weight)];
+    constexpr std::array<std::string_view, 4> names = {"regular", "medium", "semibold", "bold"};
+    return names.at(static_cast<std::size_t>(weight));
 }
 
 std::string_view name(HorizontalAlignment alignment) {
-    constexpr std::string_view names[] = {"leading", "center", "trailing"};
-    return names[static_cast<std::size_t>(alignment)];
+    constexpr std::array<std::string_view, 3> names = {"leading", "center", "trailing"};
+    return names.at(static_cast<std::size_t>(alignment));
 }
 
 std::string_view name(VerticalAlignment alignment) {
-    constexpr std::string_view names[] = {"top", "center", "bottom", "firstTextBaseline"};
-    return names[static_cast<std::size_t>(alignment)];
+    constexpr std::array<std::string_view, 4> names = {"top", "center", "bottom", "firstTextBaseline"};
+    return names.at(static_cast<std::size_t>(alignment));
 }
 
 std::string_view name(StackAlignment alignment) {
-    constexpr std::string_view names[] = {"center", "topLeading", "leading"};
-    return names[static_cast<std::size_t>(alignment)];
+    constexpr std::array<std::string_view, 3> names = {"center", "topLeading", "leading"};
+    return names.at(static_cast<std::size_t>(alignment));
 }
 
 /// Writes an element, one function per kind; the keys of a kind stand in the same object as those of the

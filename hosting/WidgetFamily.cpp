@@ -1,20 +1,22 @@
 #include "hosting/WidgetFamily.h"
 
+#include <array>
+
 namespace vantel {
 
 namespace {
 
-constexpr std::string_view prefixedNames[] = {"systemSmall", "systemMedium", "systemLarge"};
-constexpr std::string_view shortNames[] = {"small", "medium", "large"};
+constexpr std::array<std::string_view, 3> prefixedNames = {"systemSmall", "systemMedium", "systemLarge"};
+constexpr std::array<std::string_view, 3> shortNames = {"small", "medium", "large"};
 
 } // namespace
 
 std::string_view name(WidgetFamily family) {
-    return prefixedNames[static_cast<std::size_t>(family)];
+    return prefixedNames.at(static_cast<std::size_t>(family));
 }
 
 std::string_view shortName(WidgetFamily family) {
-    return shortNames[static_cast<std::size_t>(family)];
+    return shortNames.at(static_cast<std::size_t>(family));
 }
 
 std::optional<WidgetFamily> parseWidgetFamily(std::string_view text) {

@@ -47,8 +47,9 @@ UDate civilMilliseconds(const CivilTime& time) {
                                                    std::chrono::month(static_cast<unsigned>(time.month)),
                                                    std::chrono::day(static_cast<unsigned>(time.day))};
     constexpr double daysInCycle = 146'097; // the Gregorian calendar repeats after 400 years
+    const std::int64_t cycles = time.year / 400;
     const double days = static_cast<double>(std::chrono::sys_days(firstOfCycle).time_since_epoch().count()) +
-                        static_cast<double>(time.year / 400) * daysInCycle;
+                        static_cast<double>(cycles) * daysInCycle;
     const double minutes = (days * 24 + time.hour) * 60 + time.minute;
     return (minutes * 60 + time.second) * 1000;
 }
