@@ -1,14 +1,11 @@
 #include "platform/LockedFile.h"
+#include "tests/fakes/ChildProcess.h"
 #include "tests/fakes/FaultSweep.h"
 #include "tests/fakes/ScratchFolder.h"
 
-#include <csignal>
-
 #include <fcntl.h>
 #include <gmock/gmock.h>
-#include <spawn.h>
 #include <sys/file.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 namespace vantel {
@@ -29,33 +26,6 @@ bool isFree(const FileURL& path) {
     ::close(descriptor);
     return taken;
 }
-
-/// A child process that inherits every open descriptor and lives until it is ended.
-class LivingChild {
-public:
-    LivingChild() {
-        std::string program = "/bin/sleep";
-        std::string duration = "infinity";
-        char* const arguments[] = {program.data(), duration.data(), nullptr};
-        m_started = ::posix_spawn(&m_process, program.c_str(), nullptr, nullptr, arguments, environ) == 0;
-    }
-
-    LivingChild(const LivingChild&) = delete;
-    LivingChild& operator=(const LivingChild&) = delete;
-
-    ~LivingChild() {
-        if (!m_started)
-            return;
-        ::kill(m_process, SIGKILL);
-        ::waitpid(m_process, nullptr, 0);
-    }
-
-    bool isStarted() const { return m_started; }
-
-private:
-    pid_t m_process = 0;
-    bool m_started = false;
-};
 
 TEST(LockedFile, IsMadeOpenedAndLockedThenUnlockedBeforeItIsClosed) {
     MemoryFileSystem files;
@@ -141,8 +111,7 @@ TEST(LockedFile, AChildThatInheritedTheDescriptorKeepsNoLock) {
     const FileURL path = folder / "file";
     auto locked = LockedFile::acquire(path, systemFileSystem());
     ASSERT_TRUE(locked);
-    const LivingChild child;
-    ASSERT_TRUE(child.isStarted());
+    const testing::ChildProcess child("/bin/cat", {});
     EXPECT_FALSE(isFree(path));
     locked = std::unexpected(fileWriteUnknown());
     EXPECT_TRUE(isFree(path));
