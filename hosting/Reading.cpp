@@ -28,14 +28,23 @@ struct Children {
     Elements operator()(const RoundedRectangle&) const { return {}; }
 };
 
-std::string ownText(const Element& element, const Formats& formats, Instant now) {
-    if (!element.accessibilityLabel.empty())
-        return element.accessibilityLabel;
+void append(std::string& words, std::string_view word) {
+    if (!words.empty() && !word.empty())
+        words += ' ';
+    words += word;
+}
+
+void appendReading(std::string& words, const Element& element, const Formats& formats, Instant now) {
+    if (!element.accessibilityLabel.empty()) {
+        append(words, element.accessibilityLabel);
+        return;
+    }
     if (const auto* text = std::get_if<Text>(&element.kind))
-        return text->text;
+        append(words, text->text);
     if (const auto* time = std::get_if<RelativeTime>(&element.kind))
-        return formats.timeLeft(time->date - now);
-    return {};
+        append(words, formats.timeLeft(time->date - now));
+    for (const Element* child : children(element))
+        appendReading(words, *child, formats, now);
 }
 
 } // namespace
@@ -45,14 +54,9 @@ std::vector<const Element*> children(const Element& element) {
 }
 
 std::string readingText(const Element& element, const Formats& formats, Instant now) {
-    std::string result = ownText(element, formats, now);
-    if (!result.empty())
-        return result;
-    for (const Element* child : children(element)) {
-        const std::string text = readingText(*child, formats, now);
-        result += result.empty() || text.empty() ? text : " " + text;
-    }
-    return result;
+    std::string words;
+    appendReading(words, element, formats, now);
+    return words;
 }
 
 } // namespace vantel

@@ -55,7 +55,7 @@ public:
     }
 
     BoxPointer operator()(const Symbol& symbol) const {
-        return std::make_unique<TextBox>(std::string(symbolGlyph(symbol.name)),
+        return std::make_unique<TextBox>(symbolGlyph(symbol.name),
                                          TextBox::Style{.pen = {resolved(symbol.color)}});
     }
 

@@ -10,6 +10,7 @@ namespace vantel::card {
 namespace {
 
 constexpr int mostLines = 6;
+constexpr int mostColumns = 80 * mostLines; // more than any card has in so many lines
 
 int indent(HorizontalAlignment alignment, int free) {
     if (alignment == HorizontalAlignment::leading)
@@ -19,8 +20,8 @@ int indent(HorizontalAlignment alignment, int free) {
 
 } // namespace
 
-TextBox::TextBox(std::string text, const Style& style)
-    : m_text(std::move(text))
+TextBox::TextBox(std::string_view text, const Style& style)
+    : m_text(elided(text, mostColumns))
     , m_style(style)
     , m_idealWidth(displayWidth(m_text)) {}
 

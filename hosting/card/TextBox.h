@@ -17,7 +17,7 @@ public:
     };
 
     /// `text` is a card text (see Lines.h).
-    TextBox(std::string text, const Style& style);
+    TextBox(std::string_view text, const Style& style);
 
     int idealWidth() const override { return m_idealWidth; }
     int height(int width) const override;
