@@ -1,0 +1,53 @@
+#include "bench/Budgets.h"
+#include "bench/SampleDocuments.h"
+#include "bench/Scratch.h"
+#include "core/WidgetJournal.h"
+
+#include <cstdlib>
+
+#include <benchmark/benchmark.h>
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+
+namespace vantel::bench {
+
+namespace {
+
+WidgetJournalEntry entry() {
+    return {.id = randomUuid(),
+            .accountID = "acct-7f3a",
+            .action = WidgetJournalEntry::Action::completeTodo,
+            .todoID = "task-100042",
+            .at = now()};
+}
+
+void append(benchmark::State& state) {
+    ::setenv("XDG_DATA_HOME", emptyScratch("append").c_str(), 1);
+    for (auto _ : state)
+        require(WidgetJournal::append(entry()).has_value());
+}
+
+/// The same line with nothing around the calls that it takes.
+void bareAppend(benchmark::State& state) {
+    const FileURL journal = emptyScratch("bare-append") / "journal";
+    const std::string line = encodeJournalEntry(entry()).value() + '\n';
+    for (auto _ : state) {
+        const int descriptor = ::open(journal.c_str(), O_RDWR | O_CREAT, 0644);
+        require(::flock(descriptor, LOCK_EX) == 0);
+        require(::lseek(descriptor, 0, SEEK_END) >= 0);
+        require(::write(descriptor, line.data(), line.size()) == static_cast<ssize_t>(line.size()));
+        require(::fdatasync(descriptor) == 0);
+        require(::flock(descriptor, LOCK_UN) == 0);
+        require(::close(descriptor) == 0);
+    }
+}
+
+BENCHMARK(append)->UseRealTime();
+BENCHMARK(bareAppend)->UseRealTime();
+
+const bool declared = declare({"append/real_time", "bareAppend/real_time", 1.1});
+
+} // namespace
+
+} // namespace vantel::bench
