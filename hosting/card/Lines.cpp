@@ -64,7 +64,8 @@ std::vector<std::string> wrapped(std::string_view text, int width, int mostLines
         lines.emplace_back(withoutTrailingBlanks(line));
         text = withoutLeadingBlanks(text.substr(line.size()));
     }
-    lines.push_back(elided(text, width));
+    if (!text.empty() || lines.empty())
+        lines.push_back(elided(text, width));
     return lines;
 }
 

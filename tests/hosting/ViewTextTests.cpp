@@ -299,6 +299,43 @@ TEST(ViewText, EmojiMadeOfSeveralComeApartSoThatEveryTerminalAgreesOnTheirWidth)
                 ElementsAre("👩💻 ❤ 👍                x"));
 }
 
+/// Counts beside tasks, as a widget of a busy day shows them.
+Element busyDay() {
+    const auto task = [](std::string title, std::string day) {
+        const Element bar = {RoundedRectangle{.width = 2.5, .height = 13, .cornerRadius = 2}};
+        return row({{Symbol{.name = "circle", .size = 12}},
+                    bar,
+                    text(std::move(title), 1),
+                    spacer(),
+                    text(std::move(day), 1)});
+    };
+    const Element counts = framed(column({text("FOCUS"), row({text("6"), text("due")}),
+                                          row({text("3"), text("overdue")}), spacer(), text("2 done")}),
+                                  {.minWidth = 88, .alignment = StackAlignment::topLeading});
+    const Element tasks = column({task("Sign off ethics amendment for cohort B", "-3d"),
+                                  task("Answer reviewer 2 (revision due)", "-1d"),
+                                  task("研究計画書の最終確認と提出準備、それから予算案", "today"),
+                                  task("Send agenda", "today")});
+    return framed(row({counts, padded(rule(Axis::vertical), {.leading = 6, .trailing = 6}),
+                       framed(tasks, {.alignment = StackAlignment::leading, .fill = FrameFill::both})}),
+                  {.fill = FrameFill::both});
+}
+
+TEST(ViewText, ColumnsStandSideBySideAndEverythingIsAligned) {
+    EXPECT_EQ(printed(view(busyDay(), medium)),
+              "╭─ Test · medium ──────────────────────────────────────────────╮\n"
+              "│                                                              │\n"
+              "│  FOCUS           │                                           │\n"
+              "│  6 due           │  ○ ▌Sign off ethics amendment for c… -3d  │\n"
+              "│  3 overdue       │  ○ ▌Answer reviewer 2 (revision due) -1d  │\n"
+              "│                  │  ○ ▌研究計画書の最終確認と提出準…  today  │\n"
+              "│                  │  ○ ▌Send agenda                    today  │\n"
+              "│                  │                                           │\n"
+              "│  2 done          │                                           │\n"
+              "│                                                              │\n"
+              "╰──────────────────────────────────────────────────────────────╯\n");
+}
+
 TEST(ViewText, WithoutALinkNothingStandsBelowTheCard) {
     EXPECT_THAT(lines(printed(view(text("x")))).back(), StartsWith("╰"));
 }
