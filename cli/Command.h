@@ -50,7 +50,7 @@ struct Surroundings {
     const Clock& clock; ///< stands still at `--at` when that is given
     SystemCalendar calendar;
     const Formats& formats;
-    bool isColorTerminal;
+    bool isColorTerminal = false;
 };
 
 using Command = CommandResult (*)(const Arguments&, const Surroundings&);

@@ -62,8 +62,8 @@ std::expected<std::string, CommandFailure> readInput(const std::string& file) {
         return failed(file, reasonFor(errno));
     std::string bytes;
     std::array<char, 65536> buffer{};
-    while (const std::size_t count = std::fread(buffer.data(), 1, buffer.size(), stream))
-        bytes.append(buffer.data(), count);
+    while (std::feof(stream) == 0 && std::ferror(stream) == 0)
+        bytes.append(buffer.data(), std::fread(buffer.data(), 1, buffer.size(), stream));
     if (std::ferror(stream) != 0)
         return failed(file, reasonFor(errno));
     return bytes;

@@ -7,6 +7,8 @@
 #include "widgets/Staleness.h"
 #include "widgets/WidgetFormat.h"
 
+#include <array>
+
 namespace vantel::commands {
 
 namespace {
@@ -91,9 +93,9 @@ std::string stalenessText(const Staleness& staleness) {
 }
 
 void writeStaleness(JsonWriter& json, const Staleness& staleness) {
-    constexpr std::string_view names[] = {"fresh", "aging", "stale"};
+    constexpr std::array<std::string_view, 3> names = {"fresh", "aging", "stale"};
     json.beginObject();
-    json.field("staleness", names[static_cast<std::size_t>(staleness.kind)]);
+    json.field("staleness", names.at(static_cast<std::size_t>(staleness.kind)));
     if (staleness.kind == Staleness::Kind::aging)
         json.field("hours", staleness.hours);
     json.endObject();

@@ -11,7 +11,7 @@ struct PlannedMoment {
     enum class Reason { now, eventIsNear, eventStarts, eventEnds, recapBegins };
 
     Instant date;
-    Reason reason;
+    Reason reason = Reason::now;
     const WidgetEvent* event =
         nullptr; ///< of the snapshot that was planned for; null when no event is the reason
 
