@@ -1,6 +1,7 @@
 #include "platform/Url.h"
 
 #include <algorithm>
+#include <array>
 
 #include <arpa/inet.h>
 
@@ -8,12 +9,35 @@ namespace vantel {
 
 namespace {
 
-constexpr std::string_view unreserved = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-._~";
-constexpr std::string_view inPath = "!$&'()*+,;=:@/";
-constexpr std::string_view inQuery = "!$&'()*+,;=:@/?";
-constexpr std::string_view inQueryItem = "!$'()*+,;:@/?";
-constexpr std::string_view inUserInfo = "!$&'()*+,;=:";
-constexpr std::string_view inHostName = "!$&'()*+,;=";
+/// Some ASCII characters, looked up in one step.
+class CharacterSet {
+public:
+    constexpr explicit CharacterSet(std::string_view characters) { add(characters); }
+    constexpr CharacterSet(const CharacterSet& base, std::string_view characters)
+        : CharacterSet(base) {
+        add(characters);
+    }
+
+    bool contains(char c) const { return m_contains[static_cast<unsigned char>(c)]; }
+
+private:
+    constexpr void add(std::string_view characters) {
+        for (const char c : characters)
+            m_contains.at(static_cast<unsigned char>(c)) = true;
+    }
+
+    std::array<bool, 256> m_contains = {};
+};
+
+constexpr CharacterSet unreserved("ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-._~");
+constexpr CharacterSet inPath(unreserved, "!$&'()*+,;=:@/");
+constexpr CharacterSet inQuery(unreserved, "!$&'()*+,;=:@/?");
+constexpr CharacterSet inQueryItem(unreserved, "!$'()*+,;:@/?");
+constexpr CharacterSet inUserInfo(unreserved, "!$&'()*+,;=:");
+constexpr CharacterSet inHostName(unreserved, "!$&'()*+,;=");
+constexpr CharacterSet afterAuthority("/?#");
+constexpr CharacterSet afterPath("?#");
+constexpr CharacterSet afterQuery("#");
 
 enum class Escapes { kept, encoded };
 
@@ -29,34 +53,36 @@ bool isHexDigit(char c) {
     return isDigit(c) || (c >= 'A' && c <= 'F') || (c >= 'a' && c <= 'f');
 }
 
-bool isAllowed(char c, std::string_view also) {
-    return unreserved.contains(c) || also.contains(c);
-}
-
 bool isBlankOrControl(char c) {
     return static_cast<unsigned char>(c) <= 0x20 || c == 0x7F;
 }
 
-void appendEncoded(std::string& result, char c) {
+void appendEscape(std::string& url, char c) {
     constexpr std::string_view digits = "0123456789ABCDEF";
     const auto byte = static_cast<unsigned char>(c);
-    result += '%';
-    result += digits[byte >> 4U];
-    result += digits[byte & 0xFU];
+    url += '%';
+    url += digits[byte >> 4U];
+    url += digits[byte & 0xFU];
 }
 
-std::string encoded(std::string_view text, std::string_view also, Escapes escapes) {
-    std::string result;
-    result.reserve(text.size());
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        const bool isEscape = escapes == Escapes::kept && text[i] == '%' && i + 2 < text.size() &&
-                              isHexDigit(text[i + 1]) && isHexDigit(text[i + 2]);
-        if (isEscape || isAllowed(text[i], also))
-            result += text[i];
+bool startsWithEscape(std::string_view text) {
+    return text.size() > 2 && text[0] == '%' && isHexDigit(text[1]) && isHexDigit(text[2]);
+}
+
+/// Puts a text at the end of a URL, and an escape in the place of each character that may not stand there.
+void append(std::string& url, std::string_view text, const CharacterSet& allowed, Escapes escapes) {
+    while (true) {
+        const auto next = std::ranges::find_if(text, [&](char c) { return !allowed.contains(c); });
+        url.append(text.begin(), next);
+        if (next == text.end())
+            return;
+        text = {next, text.end()};
+        if (escapes == Escapes::kept && startsWithEscape(text))
+            url += text.front();
         else
-            appendEncoded(result, text[i]);
+            appendEscape(url, text.front());
+        text.remove_prefix(1);
     }
-    return result;
 }
 
 bool isScheme(std::string_view text) {
@@ -74,13 +100,18 @@ bool isBracketedAddress(std::string_view host) {
     return ::inet_pton(AF_INET6, address.c_str(), &parsed) == 1;
 }
 
-std::optional<std::string> normalizedHost(std::string_view host) {
+bool isHost(std::string_view text) {
+    if (text.starts_with('['))
+        return isBracketedAddress(text);
+    return std::ranges::none_of(
+        text, [](char c) { return isBlankOrControl(c) || c == '[' || c == ']' || c == ':'; });
+}
+
+void appendHost(std::string& url, std::string_view host) {
     if (host.starts_with('['))
-        return isBracketedAddress(host) ? std::optional(std::string(host)) : std::nullopt;
-    if (std::ranges::any_of(host,
-                            [](char c) { return isBlankOrControl(c) || c == '[' || c == ']' || c == ':'; }))
-        return std::nullopt;
-    return encoded(host, inHostName, Escapes::kept);
+        url += host;
+    else
+        append(url, host, inHostName, Escapes::kept);
 }
 
 struct HostAndPort {
@@ -95,24 +126,26 @@ HostAndPort splitPort(std::string_view text) {
     return {text.substr(0, colon), text.substr(colon)};
 }
 
-std::optional<std::string> normalizedAuthority(std::string_view authority) {
-    std::string result;
+/// Whether the text is an authority; if so it stands at the end of the URL.
+bool appendAuthority(std::string& url, std::string_view authority) {
     if (const std::size_t at = authority.rfind('@'); at != std::string_view::npos) {
-        result = encoded(authority.substr(0, at), inUserInfo, Escapes::kept) + '@';
+        append(url, authority.substr(0, at), inUserInfo, Escapes::kept);
+        url += '@';
         authority.remove_prefix(at + 1);
     }
     const auto [host, port] = splitPort(authority);
-    const auto normalized = normalizedHost(host);
-    if (!normalized || !std::ranges::all_of(port.substr(port.empty() ? 0 : 1), isDigit))
-        return std::nullopt;
-    return result + *normalized + std::string(port);
+    if (!isHost(host) || !std::ranges::all_of(port.substr(port.empty() ? 0 : 1), isDigit))
+        return false;
+    appendHost(url, host);
+    url += port;
+    return true;
 }
 
 /// Cuts the text at the first of `delimiters`; what follows keeps its delimiter.
-std::string_view takeUntil(std::string_view& text, std::string_view delimiters) {
-    const std::size_t end = std::min(text.find_first_of(delimiters), text.size());
-    const std::string_view taken = text.substr(0, end);
-    text.remove_prefix(end);
+std::string_view takeUntil(std::string_view& text, const CharacterSet& delimiters) {
+    const auto end = std::ranges::find_if(text, [&](char c) { return delimiters.contains(c); });
+    const std::string_view taken(text.begin(), end);
+    text.remove_prefix(taken.size());
     return taken;
 }
 
@@ -122,33 +155,41 @@ std::optional<Url> parseUrl(std::string_view text) {
     const std::size_t colon = text.find(':');
     if (colon == std::string_view::npos || !isScheme(text.substr(0, colon)))
         return std::nullopt;
-    std::string result(text.substr(0, colon + 1));
+    std::string url;
+    url.reserve(text.size());
+    url += text.substr(0, colon + 1);
     text.remove_prefix(colon + 1);
     if (text.starts_with("//")) {
         text.remove_prefix(2);
-        const auto authority = normalizedAuthority(takeUntil(text, "/?#"));
-        if (!authority)
+        url += "//";
+        if (!appendAuthority(url, takeUntil(text, afterAuthority)))
             return std::nullopt;
-        result += "//" + *authority;
     }
-    result += encoded(takeUntil(text, "?#"), inPath, Escapes::kept);
+    append(url, takeUntil(text, afterPath), inPath, Escapes::kept);
     if (text.starts_with('?')) {
         text.remove_prefix(1);
-        result += '?' + encoded(takeUntil(text, "#"), inQuery, Escapes::kept);
+        url += '?';
+        append(url, takeUntil(text, afterQuery), inQuery, Escapes::kept);
     }
-    if (text.starts_with('#'))
-        result += '#' + encoded(text.substr(1), inQuery, Escapes::kept);
-    return Url{std::move(result)};
+    if (text.starts_with('#')) {
+        url += '#';
+        append(url, text.substr(1), inQuery, Escapes::kept);
+    }
+    return Url{std::move(url)};
 }
 
 std::optional<Url> makeUrl(std::string_view scheme, std::string_view host, std::string_view queryName,
                            std::string_view queryValue) {
-    const auto normalized = normalizedHost(host);
-    if (!isScheme(scheme) || !normalized)
+    if (!isScheme(scheme) || !isHost(host))
         return std::nullopt;
-    const std::string query = encoded(queryName, inQueryItem, Escapes::encoded) + '=' +
-                              encoded(queryValue, inQueryItem, Escapes::encoded);
-    return Url{std::string(scheme) + "://" + *normalized + '?' + query};
+    std::string url(scheme);
+    url += "://";
+    appendHost(url, host);
+    url += '?';
+    append(url, queryName, inQueryItem, Escapes::encoded);
+    url += '=';
+    append(url, queryValue, inQueryItem, Escapes::encoded);
+    return Url{std::move(url)};
 }
 
 } // namespace vantel
