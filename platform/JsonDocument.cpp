@@ -38,90 +38,50 @@ Error invalidDocument(simdjson::error_code code) {
 
 } // namespace
 
-std::string JsonObjectReader::text(std::string_view key) {
-    const auto element = required(key);
-    return element ? textFrom(*element, key) : std::string();
-}
-
-std::optional<std::string> JsonObjectReader::optionalText(std::string_view key) {
-    const auto element = present(key);
-    return element ? std::optional(textFrom(*element, key)) : std::nullopt;
-}
-
-std::int64_t JsonObjectReader::integer(std::string_view key) {
-    const auto element = required(key);
-    if (!element)
-        return 0;
-    if (element->type() == element_type::INT64)
-        return element->get_int64().value_unsafe();
-    if (element->type() == element_type::DOUBLE)
-        if (const auto whole = wholeNumber(element->get_double().value_unsafe()))
-            return *whole;
-    fail(std::string(key), "not a 64-bit integer");
-    return 0;
-}
-
-double JsonObjectReader::number(std::string_view key) {
-    const auto element = required(key);
-    return element ? numberFrom(*element, key) : 0;
-}
-
 std::optional<bool> JsonObjectReader::optionalBoolean(std::string_view key) {
     const auto element = present(key);
     if (!element)
         return std::nullopt;
     bool value = false;
     if (element->get_bool().get(value) != simdjson::SUCCESS)
-        fail(std::string(key), "not a boolean");
+        failAt(key, "not a boolean");
     return value;
 }
 
-Instant JsonObjectReader::instant(std::string_view key) {
-    return instantFromReference(number(key));
-}
-
-std::optional<Instant> JsonObjectReader::optionalInstant(std::string_view key) {
-    const auto element = present(key);
-    return element ? std::optional(instantFromReference(numberFrom(*element, key))) : std::nullopt;
-}
-
 std::optional<Url> JsonObjectReader::optionalUrl(std::string_view key) {
-    const auto raw = optionalText(key);
-    if (!raw || m_failure)
+    const auto element = present(key);
+    if (!element)
         return std::nullopt;
-    auto url = parseUrl(*raw);
+    auto url = parseUrl(viewFrom(*element, key));
     if (!url)
-        fail(std::string(key), "not an absolute URL");
+        failAt(key, "not an absolute URL");
     return url;
 }
 
-std::optional<JsonObjectReader::Element> JsonObjectReader::present(std::string_view key) const {
+std::optional<JsonObjectReader::Element> JsonObjectReader::searched(std::string_view key) const {
     Element element;
-    if (m_failure || m_object.at_key(key).get(element) != simdjson::SUCCESS || element.is_null())
+    if (m_object.at_key(key).get(element) != simdjson::SUCCESS || element.is_null())
         return std::nullopt;
     return element;
 }
 
-std::optional<JsonObjectReader::Element> JsonObjectReader::required(std::string_view key) {
-    if (auto element = present(key))
-        return element;
+std::int64_t JsonObjectReader::integerFrom(Element element, std::string_view key) {
+    if (element.type() == element_type::INT64)
+        return element.get_int64().value_unsafe();
+    if (element.type() == element_type::DOUBLE)
+        if (const auto whole = wholeNumber(element.get_double().value_unsafe()))
+            return *whole;
+    failAt(key, "not a 64-bit integer");
+    return 0;
+}
+
+void JsonObjectReader::failAt(std::string_view key, const char* reason) {
+    fail(std::string(key), reason);
+}
+
+void JsonObjectReader::failAbsent(std::string_view key) {
     const bool isNull = m_object.at_key(key).error() == simdjson::SUCCESS;
-    fail(std::string(key), isNull ? "null" : "missing");
-    return std::nullopt;
-}
-
-std::string JsonObjectReader::textFrom(Element element, std::string_view key) {
-    std::string_view value;
-    if (element.get_string().get(value) != simdjson::SUCCESS)
-        fail(std::string(key), "not a string");
-    return std::string(value);
-}
-
-double JsonObjectReader::numberFrom(Element element, std::string_view key) {
-    double value = 0;
-    if (element.get_double().get(value) != simdjson::SUCCESS)
-        fail(std::string(key), "not a number");
-    return value;
+    failAt(key, isNull ? "null" : "missing");
 }
 
 void JsonObjectReader::fail(std::string path, std::string reason) {

@@ -26,7 +26,9 @@ namespace vantel {
 class JsonObjectReader {
 public:
     explicit JsonObjectReader(simdjson::dom::object object)
-        : m_object(object) {}
+        : m_object(object)
+        , m_next(object.begin())
+        , m_end(object.end()) {}
 
     std::string text(std::string_view key);
     std::optional<std::string> optionalText(std::string_view key);
@@ -53,14 +55,22 @@ public:
 private:
     using Element = simdjson::dom::element;
 
-    std::optional<Element> present(std::string_view key) const;
+    std::optional<Element> present(std::string_view key);
     std::optional<Element> required(std::string_view key);
-    std::string textFrom(Element element, std::string_view key);
+    std::optional<Element> searched(std::string_view key) const;
+    std::string_view viewFrom(Element element, std::string_view key);
+    std::int64_t integerFrom(Element element, std::string_view key);
     double numberFrom(Element element, std::string_view key);
+    void failAt(std::string_view key, const char* reason);
+    void failAbsent(std::string_view key);
     void fail(std::string path, std::string reason);
     void adopt(const std::string& path, const JsonObjectReader& inner);
 
     simdjson::dom::object m_object;
+    /// Most writers keep the records' order, so the next field is tried before all are searched. Every field
+    /// before it was read under its own key: none of them is an earlier duplicate.
+    simdjson::dom::object::iterator m_next;
+    simdjson::dom::object::iterator m_end;
     std::optional<DecodingError> m_failure;
 };
 
@@ -75,6 +85,68 @@ public:
 private:
     simdjson::dom::parser m_parser;
 };
+
+// The reading of single fields is inline so that the compiler knows each key's length where it compares.
+
+inline std::optional<JsonObjectReader::Element> JsonObjectReader::present(std::string_view key) {
+    if (m_failure)
+        return std::nullopt;
+    if (m_next == m_end || m_next.key() != key)
+        return searched(key);
+    const Element element = m_next.value();
+    ++m_next;
+    return element.is_null() ? std::nullopt : std::optional(element);
+}
+
+inline std::optional<JsonObjectReader::Element> JsonObjectReader::required(std::string_view key) {
+    const auto element = present(key);
+    if (!element)
+        failAbsent(key);
+    return element;
+}
+
+inline std::string_view JsonObjectReader::viewFrom(Element element, std::string_view key) {
+    std::string_view value;
+    if (element.get_string().get(value) != simdjson::SUCCESS)
+        failAt(key, "not a string");
+    return value;
+}
+
+inline double JsonObjectReader::numberFrom(Element element, std::string_view key) {
+    double value = 0;
+    if (element.get_double().get(value) != simdjson::SUCCESS)
+        failAt(key, "not a number");
+    return value;
+}
+
+inline std::string JsonObjectReader::text(std::string_view key) {
+    const auto element = required(key);
+    return element ? std::string(viewFrom(*element, key)) : std::string();
+}
+
+inline std::optional<std::string> JsonObjectReader::optionalText(std::string_view key) {
+    const auto element = present(key);
+    return element ? std::optional<std::string>(viewFrom(*element, key)) : std::nullopt;
+}
+
+inline std::int64_t JsonObjectReader::integer(std::string_view key) {
+    const auto element = required(key);
+    return element ? integerFrom(*element, key) : 0;
+}
+
+inline double JsonObjectReader::number(std::string_view key) {
+    const auto element = required(key);
+    return element ? numberFrom(*element, key) : 0;
+}
+
+inline Instant JsonObjectReader::instant(std::string_view key) {
+    return instantFromReference(number(key));
+}
+
+inline std::optional<Instant> JsonObjectReader::optionalInstant(std::string_view key) {
+    const auto element = present(key);
+    return element ? std::optional(instantFromReference(numberFrom(*element, key))) : std::nullopt;
+}
 
 template <typename Parse>
 auto JsonObjectReader::parsedText(std::string_view key, Parse parse, std::string_view reason) {
