@@ -118,6 +118,11 @@ void encode(JsonWriter& json, const WidgetRecap& recap) {
     json.endObject();
 }
 
+std::size_t roughLength(const WidgetSnapshot& snapshot) {
+    constexpr std::size_t generousRecord = 256;
+    return generousRecord * (2 + snapshot.tasks.size() + snapshot.events.size() + snapshot.horizon.size());
+}
+
 template <typename Record>
 void encodeArray(JsonWriter& json, std::string_view key, const std::vector<Record>& records) {
     json.key(key);
@@ -142,6 +147,7 @@ Result<WidgetSnapshot> decodeSnapshot(std::string_view bytes) {
 
 Result<std::string> encodeSnapshot(const WidgetSnapshot& snapshot) {
     JsonWriter json;
+    json.reserve(roughLength(snapshot));
     json.beginObject();
     json.field("version", snapshot.version);
     json.field("accountID", snapshot.accountID);

@@ -2,6 +2,7 @@
 
 #include "platform/Error.h"
 #include "platform/Instant.h"
+#include "platform/JsonBuffer.h"
 
 #include <concepts>
 #include <cstdint>
@@ -19,6 +20,9 @@ namespace vantel {
 /// the path of the first such value.
 class JsonWriter {
 public:
+    /// Room for a document of about this length, so that a long one is not copied again and again as it grows.
+    void reserve(std::size_t length) { m_json.reserve(length); }
+
     void beginObject();
     void endObject();
     void beginArray();
@@ -66,13 +70,29 @@ private:
     void begin(char bracket, bool isArray);
     void end(char bracket);
     void separate();
+    void escaped(std::string_view text);
     void escape(char c);
     void fail(std::string reason);
     std::string path() const;
 
-    std::string m_json;
+    JsonBuffer m_json;
     std::vector<Level> m_levels;
     std::optional<EncodingError> m_failure;
 };
+
+// Inline so that the compiler knows each key's length where it copies it.
+inline void JsonWriter::key(std::string_view name) {
+    Level& level = m_levels.back();
+    level.key = name;
+    m_json.append(name.size() + 4, [&](char* out) {
+        if (level.count++ > 0)
+            *out++ = ',';
+        *out++ = '"';
+        out += name.copy(out, name.size());
+        *out++ = '"';
+        *out++ = ':';
+        return out;
+    });
+}
 
 } // namespace vantel
