@@ -6,6 +6,7 @@ namespace {
 
 std::vector<const Element*> pointers(const std::vector<Element>& elements) {
     std::vector<const Element*> result;
+    result.reserve(elements.size());
     for (const Element& element : elements)
         result.push_back(&element);
     return result;

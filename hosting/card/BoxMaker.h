@@ -10,7 +10,7 @@ struct BoxContext {
     const Formats& formats;
     const Appearance& appearance;
     ResolvedColor primary; ///< what primary text is drawn in
-    TerminalColors colors;
+    TerminalColors colors = TerminalColors::none;
     Instant now; ///< where a time that is left is counted from
 };
 

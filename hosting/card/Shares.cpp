@@ -1,13 +1,14 @@
 #include "hosting/card/Shares.h"
 
 #include <algorithm>
-#include <numeric>
 
 namespace vantel::card {
 
 std::vector<int> fairShares(const std::vector<int>& wanted, int available) {
-    std::vector<std::size_t> order(wanted.size());
-    std::iota(order.begin(), order.end(), std::size_t{0});
+    std::vector<std::size_t> order;
+    order.reserve(wanted.size());
+    for (std::size_t i = 0; i < wanted.size(); ++i)
+        order.push_back(i);
     std::ranges::stable_sort(order, {}, [&](std::size_t i) { return wanted[i]; });
 
     std::vector<int> shares(wanted.size(), 0);
