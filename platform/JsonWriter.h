@@ -20,7 +20,8 @@ namespace vantel {
 /// the path of the first such value.
 class JsonWriter {
 public:
-    /// Room for a document of about this length, so that a long one is not copied again and again as it grows.
+    /// Room for a document of about this length, so that a long one is not copied again and again as it
+    /// grows.
     void reserve(std::size_t length) { m_json.reserve(length); }
 
     void beginObject();
