@@ -11,7 +11,8 @@ namespace vantel {
 inline std::optional<std::int64_t> truncatedToInteger(double value) {
     constexpr double bound = 9223372036854775808.0; // 2^63, the first double that does not fit
     const double whole = std::trunc(value);
-    if (!(whole >= -bound && whole < bound))
+    const bool fits = whole >= -bound && whole < bound; // never true of a NaN
+    if (!fits)
         return std::nullopt;
     return static_cast<std::int64_t>(whole);
 }

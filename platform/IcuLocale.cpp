@@ -22,7 +22,7 @@ const char* scriptOf(std::string_view modifier) {
 
 icu::Locale named(const std::string& name) {
     const std::size_t at = name.find('@');
-    const icu::Locale locale = icu::Locale::createCanonical(name.substr(0, at).c_str());
+    icu::Locale locale = icu::Locale::createCanonical(name.substr(0, at).c_str());
     const char* script = at == std::string::npos ? nullptr : scriptOf(std::string_view(name).substr(at + 1));
     if (script == nullptr)
         return locale;

@@ -19,9 +19,7 @@ std::int64_t wholeHours(Seconds age) {
 
 } // namespace
 
-Staleness::Staleness(const WidgetSnapshot& snapshot, Instant at)
-    : kind(Kind::fresh)
-    , hours(0) {
+Staleness::Staleness(const WidgetSnapshot& snapshot, Instant at) {
     const std::int64_t age = wholeHours(at - snapshot.generatedAt);
     if (age >= staleFrom) {
         kind = Kind::stale;

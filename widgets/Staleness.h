@@ -9,8 +9,8 @@ namespace vantel {
 struct Staleness {
     enum class Kind { fresh, aging, stale };
 
-    Kind kind;
-    std::int64_t hours; ///< of age, for `aging`; else 0
+    Kind kind = Kind::fresh;
+    std::int64_t hours = 0; ///< of age, for `aging`; else 0
 
     /// Raises a fatal error when the age is no number of hours, which no real dates can cause.
     Staleness(const WidgetSnapshot& snapshot, Instant at);

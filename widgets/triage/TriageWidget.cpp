@@ -28,6 +28,7 @@ constexpr std::array deck = {Card{0.10, -4, 6}, Card{0.07, 2, 13}, Card{0.04, 6,
 
 Element deckMotif() {
     std::vector<Element> cards;
+    cards.reserve(deck.size());
     for (const Card& card : deck)
         cards.push_back(padded({RoundedRectangle{.width = 22,
                                                  .height = 28,
