@@ -68,6 +68,12 @@ TEST(SystemCalendar, ADayWithoutMidnightBeginsAtOne) {
     EXPECT_EQ(calendarOf("America/Santiago").hour(utc(2024, 9, 8, 4)), 1);
 }
 
+TEST(SystemCalendar, ADayWhoseMidnightIsSkippedWithTheEveningBeforeBeginsWhereTheClockGoesOn) {
+    const auto toronto = calendarOf("America/Toronto");
+    EXPECT_EQ(dayAround(toronto, utc(1919, 3, 31, 12)), (Day{utc(1919, 3, 31, 4, 30), 23.5}));
+    EXPECT_EQ(toronto.civilTime(utc(1919, 3, 31, 4, 30)).minute, 30);
+}
+
 TEST(SystemCalendar, TheDayBeforeADayWithoutMidnightEndsWhereThatBegins) {
     EXPECT_EQ(dayAround(calendarOf("Asia/Beirut"), utc(2024, 3, 30, 12)), (Day{utc(2024, 3, 29, 22), 24}));
 }
@@ -276,6 +282,10 @@ TEST(SystemCalendar, CurrentUnderstandsRulesThatChangeTheClockAtMidnight) {
     const auto santiago = SystemCalendar::current();
     EXPECT_EQ(dayAround(santiago, utc(2024, 9, 8, 12)), (Day{utc(2024, 9, 8, 4), 23}));
     EXPECT_EQ(dayAround(santiago, utc(2024, 4, 6, 12)), (Day{utc(2024, 4, 6, 3), 25}));
+    EXPECT_EQ(santiago.date(2024, 9, 8, 0), utc(2024, 9, 8, 4)) << "skipped";
+    EXPECT_EQ(santiago.date(2024, 9, 8, 1), utc(2024, 9, 8, 4));
+    EXPECT_EQ(santiago.date(2024, 9, 8, 2), utc(2024, 9, 8, 5));
+    EXPECT_EQ(santiago.date(2024, 4, 6, 23), utc(2024, 4, 7, 2)) << "twice";
 }
 
 } // namespace
