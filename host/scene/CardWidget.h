@@ -1,0 +1,51 @@
+#pragma once
+
+#include "host/scene/Look.h"
+#include "hosting/WidgetView.h"
+
+#include <QWidget>
+#include <optional>
+
+namespace vantel {
+
+/// One widget's card: its background with round corners, and the view on it. It knows nothing of windows,
+/// placements or files. Its size is fixed by the family and the scale; the shadow is the window's business.
+/// All functions belong to the window thread.
+class CardWidget final : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit CardWidget(const Formats& formats, QWidget* parent = nullptr);
+    ~CardWidget() override;
+
+    /// Shows a view. One that equals the view shown costs nothing: no layout, no repaint.
+    void setView(const WidgetView& view);
+    void setLook(const Look& look);
+
+    /// The moment from which times left are counted. Repaints only what reads differently.
+    void setNow(Instant now);
+
+    /// The next moment after `now` at which a time left on this card reads differently; absent when none is
+    /// shown.
+    std::optional<Instant> nextTick(Instant now) const;
+
+    /// Marks the row of a pressed button as pending, until `setView` brings another view or `clearPending`.
+    void setPending(const IntentCall& intent);
+    void clearPending();
+
+    /// Says something in words over the foot of the card for some seconds.
+    void showNotice(const QString& text);
+
+    /// Moves the keyboard focus to the first link or button.
+    void focusFirst();
+
+Q_SIGNALS:
+    void linkActivated(const vantel::Url& url);
+    void intentPressed(const vantel::IntentCall& intent);
+
+private:
+    struct Private;
+    std::unique_ptr<Private> m_private;
+};
+
+} // namespace vantel
