@@ -4,9 +4,14 @@
 #include "hosting/WidgetView.h"
 
 #include <QWidget>
+#include <memory>
 #include <optional>
 
 namespace vantel {
+
+namespace scene {
+struct Target;
+}
 
 /// One widget's card: its background with round corners, and the view on it. It knows nothing of windows,
 /// placements or files. Its size is fixed by the family and the scale; the shadow is the window's business.
@@ -43,7 +48,18 @@ Q_SIGNALS:
     void linkActivated(const vantel::Url& url);
     void intentPressed(const vantel::IntentCall& intent);
 
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
 private:
+    void layOut();
+    void startFade();
+    void activate(const scene::Target& target);
+    void openOwnLink();
+    void drawFocusRing(QPainter& painter) const;
+
     struct Private;
     std::unique_ptr<Private> m_private;
 };

@@ -15,8 +15,8 @@ struct Look {
     Appearance appearance = Appearance::aqua();
     double scale = 1; ///< the desktop's font scale; a card grows as a whole
     Motion motion = Motion::full;
-    QString standardFamily;   ///< the desktop's font; empty: the application's
-    QString monospacedFamily; ///< its fixed font; empty: the system's
+    QString standardFamily = {};   ///< the desktop's font; empty: the application's
+    QString monospacedFamily = {}; ///< its fixed font; empty: the system's
 
     bool operator==(const Look&) const = default;
 };

@@ -10,6 +10,9 @@ namespace vantel {
 
 namespace {
 
+/// High enough to be hit, and four of them fill a card.
+constexpr double rowHeight = 26;
+
 Element completionControl(const TaskRow& row, const Formats& formats) {
     const Element circle = {Symbol{.name = "circle",
                                    .size = 12,
@@ -48,7 +51,8 @@ Element element(const TaskRow& row, const ViewContext& context) {
         completionControl(row, context.formats), priorityBar(row), summaryLink(row), {Spacer{}}};
     if (row.task.deadline)
         parts.push_back(deadlineText(row, context));
-    return {Row{.children = std::move(parts), .spacing = 6}};
+    return framed({Row{.children = std::move(parts), .spacing = 6}},
+                  {.height = rowHeight, .alignment = StackAlignment::leading});
 }
 
 } // namespace vantel

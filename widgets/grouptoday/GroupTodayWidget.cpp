@@ -19,8 +19,8 @@ Color emphasis(const GroupRow& row, double quietOpacity) {
 }
 
 Element rowElement(const GroupRow& row) {
-    const Element glyph =
-        framed({Symbol{.name = row.glyph, .size = 10, .color = emphasis(row, 0.5)}}, {.width = 14});
+    const Element glyph = framed({Symbol{.name = row.glyph, .size = 10, .color = emphasis(row, 0.5)}},
+                                 {.width = 14, .alignment = StackAlignment::leading});
     std::vector<Element> parts = {glyph, {Text{row.text, {.font = {11.5}, .lineLimit = 1}}}};
     if (row.chip) {
         parts.push_back({Spacer{}});

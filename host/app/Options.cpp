@@ -1,0 +1,88 @@
+#include "host/app/Options.h"
+
+#include <sstream>
+
+#include <CLI/CLI.hpp>
+
+namespace vantel {
+
+namespace {
+
+constexpr const char* version = "vantel-widgets " VANTEL_VERSION;
+constexpr int wrongUsage = 2;
+
+/// The grammar of the command line, writing what it finds into one Options.
+class Grammar {
+public:
+    Grammar()
+        : m_app("The Vantel widgets on your desktop.", "vantel-widgets") {
+        m_app.set_version_flag("--version", version);
+        m_app.failure_message(CLI::FailureMessage::simple);
+        addSnapshotOptions(m_app);
+        addGallery();
+        addRender();
+    }
+
+    CLI::App& app() { return m_app; }
+    const Options& options() const { return m_options; }
+
+private:
+    void addSnapshotOptions(CLI::App& app) {
+        CLI::Option* file =
+            app.add_option("--snapshot", m_options.snapshotFile, "Show this document")->type_name("FILE");
+        app.add_flag("--placeholder", m_options.usesPlaceholder, "Show the sample day of the moment")
+            ->excludes(file);
+    }
+
+    CLI::Option* addOutput(CLI::App& app) {
+        app.add_option("--at", m_options.at,
+                       "The moment to take for now: seconds since 2001-01-01T00:00:00Z, or ISO 8601")
+            ->type_name("INSTANT");
+        app.add_option("--scale", m_options.scale, "Pixels for a point (2)")
+            ->check(CLI::Range(0.5, 8.0))
+            ->type_name("N");
+        return app.add_option("--output", m_options.output, "The picture to write")->type_name("FILE.png");
+    }
+
+    void addGallery() {
+        CLI::App* app = m_app.add_subcommand("gallery", "Choose widgets to add, or draw all of them");
+        addOutput(*app);
+        app->callback(
+            [this] { m_options.task = m_options.output.empty() ? Task::showGallery : Task::renderGallery; });
+    }
+
+    void addRender() {
+        CLI::App* app = m_app.add_subcommand("render", "Draw one widget into a picture");
+        app->add_option("KIND", m_options.kind, "focus, next-up, triage, group-today, or a kind string")
+            ->required()
+            ->type_name("");
+        app->add_option("FAMILY", m_options.family, "small or medium")->required()->type_name("");
+        addOutput(*app)->required();
+        app->add_option_function<std::string>(
+               "--appearance", [this](const std::string& name) { m_options.isDark = name == "dark"; },
+               "light or dark")
+            ->check(CLI::IsMember({"light", "dark"}))
+            ->type_name("");
+        addSnapshotOptions(*app);
+        app->callback([this] { m_options.task = Task::renderCard; });
+    }
+
+    CLI::App m_app;
+    Options m_options;
+};
+
+} // namespace
+
+std::expected<Options, NothingToDo> parseOptions(int count, const char* const* words) {
+    Grammar grammar;
+    try {
+        grammar.app().parse(count, words);
+    } catch (const CLI::ParseError& error) {
+        std::ostringstream text;
+        const int status = grammar.app().exit(error, text, text);
+        return std::unexpected(NothingToDo{status == 0 ? 0 : wrongUsage, text.str()});
+    }
+    return grammar.options();
+}
+
+} // namespace vantel

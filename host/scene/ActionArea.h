@@ -1,0 +1,27 @@
+#pragma once
+
+#include "host/scene/Scene.h"
+
+#include <QAbstractButton>
+
+namespace vantel::scene {
+
+/// The place on a card where a link or a button can be clicked, focused and heard. The card draws what is
+/// seen there; this draws the ring of the keyboard focus alone.
+class ActionArea final : public QAbstractButton {
+    Q_OBJECT
+
+public:
+    ActionArea(const Target& target, QWidget* card);
+
+    const Target& target() const { return m_target; }
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    Target m_target;
+};
+
+} // namespace vantel::scene

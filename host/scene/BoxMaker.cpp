@@ -1,0 +1,110 @@
+#include "host/scene/BoxMaker.h"
+
+#include "host/scene/DisplayText.h"
+#include "host/scene/LeafBoxes.h"
+#include "host/scene/LineBox.h"
+#include "host/scene/TextBox.h"
+#include "host/scene/WrapperBoxes.h"
+#include "hosting/Reading.h"
+
+namespace vantel::scene {
+
+namespace {
+
+constexpr double usualGap = 8;
+constexpr double usualSymbolSize = 13;
+
+/// Makes a box for an element, one function per kind. Lines of text stand as the nearest column aligns them.
+class BoxMaker {
+public:
+    BoxMaker(const SceneContext& context, std::vector<Instant>& countdowns, HorizontalAlignment lines)
+        : m_context(context)
+        , m_countdowns(countdowns)
+        , m_lines(lines) {}
+
+    BoxPointer make(const Element& element) const {
+        BoxPointer box = std::visit(*this, element.kind);
+        box = speaking(std::move(box), element);
+        if (element.padding != Padding{})
+            box = std::make_unique<PaddedBox>(std::move(box), element.padding);
+        if (element.frame != Frame{})
+            box = std::make_unique<FramedBox>(std::move(box), element.frame);
+        return box;
+    }
+
+    BoxPointer operator()(const Text& text) const { return written(text.text, text.style); }
+
+    BoxPointer operator()(const RelativeTime& time) const {
+        m_countdowns.push_back(time.date);
+        return written(m_context.formats.timeLeft(time.date - m_context.now), time.style);
+    }
+
+    BoxPointer operator()(const Symbol& symbol) const {
+        return std::make_unique<SymbolBox>(SymbolPiece{symbol.name, symbol.color, symbol.rendering},
+                                           symbol.size.value_or(usualSymbolSize));
+    }
+
+    BoxPointer operator()(const Row& row) const {
+        return std::make_unique<RowBox>(all(row.children), row.alignment, row.spacing.value_or(usualGap));
+    }
+
+    BoxPointer operator()(const Column& column) const {
+        Boxes boxes = BoxMaker(m_context, m_countdowns, column.alignment).all(column.children);
+        return std::make_unique<ColumnBox>(std::move(boxes), column.alignment,
+                                           column.spacing.value_or(usualGap));
+    }
+
+    BoxPointer operator()(const Stack& stack) const {
+        return std::make_unique<StackBox>(all(stack.children), stack.alignment);
+    }
+
+    BoxPointer operator()(const Spacer& spacer) const { return std::make_unique<SpacerBox>(spacer); }
+    BoxPointer operator()(const Rule& rule) const { return std::make_unique<RuleBox>(rule); }
+
+    BoxPointer operator()(const RoundedRectangle& shape) const {
+        return std::make_unique<RectangleBox>(shape);
+    }
+
+    BoxPointer operator()(const Capsule& capsule) const {
+        return std::make_unique<CapsuleBox>(make(*capsule.content), capsule.color);
+    }
+
+    BoxPointer operator()(const Link& link) const { return make(*link.label); }
+    BoxPointer operator()(const Button& button) const { return make(*button.label); }
+
+private:
+    Boxes all(const std::vector<Element>& elements) const {
+        Boxes boxes;
+        for (const Element& element : elements)
+            boxes.push_back(make(element));
+        return boxes;
+    }
+
+    BoxPointer written(std::string_view text, const TextStyle& style) const {
+        return std::make_unique<TextBox>(displayText(text), style, m_context.look, m_lines);
+    }
+
+    BoxPointer speaking(BoxPointer box, const Element& element) const {
+        SpeakingBox::Action action;
+        if (const auto* link = std::get_if<Link>(&element.kind))
+            action = link->url;
+        if (const auto* button = std::get_if<Button>(&element.kind))
+            action = button->intent;
+        if (!action && element.accessibilityLabel.empty())
+            return box;
+        const std::string label = readingText(element, m_context.formats, m_context.now);
+        return std::make_unique<SpeakingBox>(std::move(box), displayText(label), std::move(action));
+    }
+
+    const SceneContext& m_context;
+    std::vector<Instant>& m_countdowns;
+    HorizontalAlignment m_lines;
+};
+
+} // namespace
+
+BoxPointer makeBox(const Element& element, const SceneContext& context, std::vector<Instant>& countdowns) {
+    return BoxMaker(context, countdowns, HorizontalAlignment::leading).make(element);
+}
+
+} // namespace vantel::scene

@@ -1,0 +1,78 @@
+#include "host/scene/Notice.h"
+
+#include "host/scene/TextBlock.h"
+
+#include <QPainter>
+#include <chrono>
+#include <cmath>
+
+namespace vantel::scene {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr auto shownFor = 6s;
+constexpr double edge = 10;
+constexpr double horizontalPadding = 12;
+constexpr double verticalPadding = 8;
+constexpr double cornerRadius = 12;
+constexpr QRgb ink = 0xFF1B1A17;
+constexpr QRgb paper = 0xFFFAFAF8;
+constexpr QRgb ring = 0x24FFFFFF;
+
+TextStyle noticeStyle() {
+    return {.font = {.size = 10.5, .weight = FontWeight::medium}};
+}
+
+TextBlock wrapped(const QString& text, const Look& look, double width) {
+    const TextStyle style = noticeStyle();
+    const QFont font = sceneFont(style, look);
+    return textBlock(text, font, lineMetrics(font, style.font.size), {width, 2});
+}
+
+} // namespace
+
+Notice::Notice(QWidget* card)
+    : QWidget(card) {
+    hide();
+    setAttribute(Qt::WA_TransparentForMouseEvents);
+    m_timer.setSingleShot(true);
+    connect(&m_timer, &QTimer::timeout, this, &QWidget::hide);
+}
+
+void Notice::say(const QString& text, const Look& look) {
+    m_text = text;
+    m_look = look;
+    setAccessibleName(text);
+    const double scale = look.scale;
+    const double width = parentWidget()->width() / scale - 2 * edge;
+    const double height =
+        wrapped(text, look, width - 2 * horizontalPadding).size().height() + 2 * verticalPadding;
+    const QRectF place(edge, parentWidget()->height() / scale - edge - height, width, height);
+    setGeometry(QRectF(place.topLeft() * scale, place.size() * scale).toAlignedRect());
+    show();
+    raise();
+    update();
+    m_timer.start(shownFor);
+}
+
+void Notice::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.scale(m_look.scale, m_look.scale);
+    const QRectF area({0, 0}, QSizeF(size()) / m_look.scale);
+    painter.setPen(QColor::fromRgba(ring));
+    painter.setBrush(QColor::fromRgba(ink));
+    painter.drawRoundedRect(area.adjusted(0.5, 0.5, -0.5, -0.5), cornerRadius, cornerRadius);
+    painter.setPen(QColor::fromRgba(paper));
+    const TextBlock block = wrapped(m_text, m_look, area.width() - 2 * horizontalPadding);
+    double baseline = verticalPadding + block.metrics.ascent;
+    for (const TextLine& line : block.lines) {
+        for (const QGlyphRun& run : line.glyphs)
+            painter.drawGlyphRun({(area.width() - line.width) / 2, baseline}, run);
+        baseline += block.metrics.pitch;
+    }
+}
+
+} // namespace vantel::scene

@@ -1,0 +1,66 @@
+#include "host/scene/SceneFont.h"
+
+#include <QFontDatabase>
+#include <QFontMetricsF>
+#include <QGuiApplication>
+#include <QScreen>
+#include <algorithm>
+
+namespace vantel::scene {
+
+namespace {
+
+constexpr double highestLine = 1.25;
+constexpr double largeSize = 16;
+constexpr double textPitch = 1.25;
+constexpr double titlePitch = 1.12;
+
+QFont::Weight qtWeight(FontWeight weight) {
+    switch (weight) {
+    case FontWeight::regular:
+        return QFont::Normal;
+    case FontWeight::medium:
+        return QFont::Medium;
+    case FontWeight::semibold:
+        return QFont::DemiBold;
+    case FontWeight::bold:
+        return QFont::Bold;
+    }
+    return QFont::Normal;
+}
+
+QFont family(FontDesign design, const Look& look) {
+    const bool isMonospaced = design == FontDesign::monospaced;
+    const QString& chosen = isMonospaced ? look.monospacedFamily : look.standardFamily;
+    if (!chosen.isEmpty())
+        return QFont(QStringList{chosen, look.monospacedFamily});
+    return isMonospaced ? QFontDatabase::systemFont(QFontDatabase::FixedFont) : QGuiApplication::font();
+}
+
+/// The toolkit's pixel sizes are whole numbers; its points are not, and become pixels by this ratio.
+double fontPointsPerPixel() {
+    const QScreen* screen = QGuiApplication::primaryScreen();
+    return screen == nullptr ? 0.75 : 72 / screen->logicalDotsPerInchY();
+}
+
+} // namespace
+
+QFont sceneFont(const TextStyle& style, const Look& look, double fraction) {
+    QFont font = family(style.font.design, look);
+    font.setPointSizeF(std::max(1.0, style.font.size * fraction) * fontPointsPerPixel());
+    font.setWeight(qtWeight(style.font.weight));
+    font.setHintingPreference(QFont::PreferNoHinting);
+    font.setStyleStrategy(QFont::StyleStrategy(QFont::PreferAntialias | QFont::NoSubpixelAntialias));
+    font.setLetterSpacing(QFont::AbsoluteSpacing, style.tracking + style.kerning);
+    font.setKerning(style.kerning == 0);
+    return font;
+}
+
+LineMetrics lineMetrics(const QFont& font, double size) {
+    const QFontMetricsF metrics(font);
+    const double fraction = std::min(1.0, highestLine * size / metrics.height());
+    const double pitch = size < largeSize ? textPitch : titlePitch;
+    return {metrics.ascent() * fraction, metrics.descent() * fraction, pitch * size};
+}
+
+} // namespace vantel::scene

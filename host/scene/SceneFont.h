@@ -1,0 +1,30 @@
+#pragma once
+
+#include "host/scene/Look.h"
+#include "hosting/Element.h"
+
+#include <QFont>
+#include <algorithm>
+
+namespace vantel::scene {
+
+/// How high a line of text stands, in points.
+struct LineMetrics {
+    double ascent;
+    double descent;
+    double pitch; ///< from one baseline to the next
+
+    double height(std::size_t lines = 1) const {
+        return ascent + descent + pitch * static_cast<double>(std::max<std::size_t>(lines, 1) - 1);
+    }
+};
+
+/// The font of a style at a fraction of its size, exact to fractions of a point, without hinting, so that a
+/// text is as wide on every screen.
+QFont sceneFont(const TextStyle& style, const Look& look, double fraction = 1);
+
+/// The line of a font; at most 1.25 times its size, so that a font with tall accents cannot burst a card.
+/// Lines of large letters stand closer together.
+LineMetrics lineMetrics(const QFont& font, double size);
+
+} // namespace vantel::scene

@@ -1,0 +1,137 @@
+#include "host/scene/ScenePainter.h"
+
+#include "host/scene/Symbols.h"
+
+#include <QPainter>
+#include <algorithm>
+#include <cmath>
+
+namespace vantel::scene {
+
+namespace {
+
+constexpr double pendingOpacity = 0.4;
+constexpr double ringOpacity = 0.14;
+constexpr double leastContrast = 1.3;
+
+double linear(double component) {
+    return component <= 0.04045 ? component / 12.92 : std::pow((component + 0.055) / 1.055, 2.4);
+}
+
+double luminance(const QColor& color) {
+    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
+}
+
+double contrast(const QColor& a, const QColor& b) {
+    const auto [darker, lighter] = std::minmax(luminance(a), luminance(b));
+    return (lighter + 0.05) / (darker + 0.05);
+}
+
+/// The point nearest to where a whole device pixel begins.
+QPointF onPixel(const QPainter& painter, const QPointF& point) {
+    const QTransform& device = painter.deviceTransform();
+    const QPointF mapped = device.map(point);
+    return device.inverted().map(QPointF(std::round(mapped.x()), std::round(mapped.y())));
+}
+
+QRectF onPixels(const QPainter& painter, const QRectF& rectangle) {
+    const QTransform& device = painter.deviceTransform();
+    QRectF mapped = device.mapRect(rectangle);
+    mapped = {std::round(mapped.x()), std::round(mapped.y()), std::max(1.0, std::round(mapped.width())),
+              std::max(1.0, std::round(mapped.height()))};
+    return device.inverted().mapRect(mapped);
+}
+
+/// Draws the pieces of one scene, one function per kind.
+class PiecePainter {
+public:
+    PiecePainter(QPainter& painter, const Scene& scene, const Look& look, const PaintState& state)
+        : m_painter(painter)
+        , m_background(painted(Color(scene.background), look))
+        , m_look(look)
+        , m_state(state) {}
+
+    void draw(const Piece& piece) {
+        m_piece = &piece;
+        std::visit(*this, piece.drawing);
+    }
+
+    void operator()(const TextPiece& text) {
+        m_painter.setOpacity(isPending() && text.invalidatable ? pendingOpacity : 1);
+        m_painter.setPen(painted(text.color, m_look));
+        for (std::size_t i = 0; i < text.block.lines.size(); ++i)
+            for (const QGlyphRun& run : text.block.lines[i].glyphs)
+                m_painter.drawGlyphRun(onBaseline(text.baselines[i]), run);
+        m_painter.setOpacity(1);
+    }
+
+    void operator()(const SymbolPiece& symbol) {
+        const QColor color = painted(symbol.color, m_look);
+        if (isPending() && symbol.name == "circle")
+            drawFilledCircle(m_painter, m_piece->rectangle, painted(PrimaryColor{}, m_look), m_background);
+        else
+            drawSymbol(m_painter, symbol.name, m_piece->rectangle, color, symbol.rendering);
+    }
+
+    void operator()(const ShapePiece& shape) {
+        const QColor color = painted(shape.color, m_look);
+        const QRectF& rectangle = m_piece->rectangle;
+        m_painter.setPen(Qt::NoPen);
+        m_painter.setBrush(color);
+        if (shape.isHairline) {
+            m_painter.fillRect(onPixels(m_painter, rectangle), color);
+            return;
+        }
+        m_painter.save();
+        m_painter.translate(rectangle.center());
+        m_painter.rotate(shape.rotation);
+        const QRectF centered({-rectangle.width() / 2, -rectangle.height() / 2}, rectangle.size());
+        if (shape.isCapsule && contrast(color, m_background) < leastContrast)
+            m_painter.setPen(QPen(painted(PrimaryColor{ringOpacity}, m_look), 1));
+        drawRounded(centered, shape.cornerRadius);
+        m_painter.restore();
+    }
+
+private:
+    bool isPending() const { return m_state.pendingRow && m_piece->row == m_state.pendingRow; }
+
+    /// Glyphs are crisp where their baseline lies between two rows of pixels.
+    QPointF onBaseline(const QPointF& point) const { return {point.x(), onPixel(m_painter, point).y()}; }
+
+    void drawRounded(const QRectF& rectangle, double radius) {
+        const double most = std::min(rectangle.width(), rectangle.height()) / 2;
+        m_painter.drawRoundedRect(rectangle, std::min(radius, most), std::min(radius, most));
+    }
+
+    QPainter& m_painter;
+    QColor m_background;
+    const Look& m_look;
+    const PaintState& m_state;
+    const Piece* m_piece = nullptr;
+};
+
+} // namespace
+
+ResolvedColor primaryColor(const Look& look) {
+    constexpr DynamicColor primary{0x1B1A17, 0xFFFFFF};
+    return resolve(primary, look.appearance);
+}
+
+QColor painted(const Color& color, const Look& look) {
+    const ResolvedColor resolved = resolve(color, look.appearance, primaryColor(look));
+    const auto component = [](double value) { return static_cast<float>(std::clamp(value, 0.0, 1.0)); };
+    return QColor::fromRgbF(component(resolved.red), component(resolved.green), component(resolved.blue),
+                            component(resolved.alpha));
+}
+
+void paint(QPainter& painter, const Scene& scene, const Look& look, const PaintState& state) {
+    painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(painted(Color(scene.background), look));
+    painter.drawRoundedRect(QRectF({0, 0}, scene.size), cardCornerRadius, cardCornerRadius);
+    PiecePainter pieces(painter, scene, look, state);
+    for (const Piece& piece : scene.pieces)
+        pieces.draw(piece);
+}
+
+} // namespace vantel::scene

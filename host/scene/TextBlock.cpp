@@ -1,0 +1,98 @@
+#include "host/scene/TextBlock.h"
+
+#include <QFontMetricsF>
+#include <QTextLayout>
+#include <QTextOption>
+#include <algorithm>
+#include <cmath>
+
+namespace vantel::scene {
+
+namespace {
+
+/// Glyph positions come out relative to the layout's top; a line is drawn from its baseline.
+QList<QGlyphRun> glyphsFromBaseline(const QTextLine& line) {
+    QList<QGlyphRun> runs = line.glyphRuns();
+    for (QGlyphRun& run : runs) {
+        QList<QPointF> positions = run.positions();
+        for (QPointF& position : positions)
+            position.ry() -= line.y() + line.ascent();
+        run.setPositions(positions);
+    }
+    return runs;
+}
+
+TextLine unbrokenLine(const QString& text, const QFont& font) {
+    QTextLayout layout(text, font);
+    layout.beginLayout();
+    QTextLine line = layout.createLine();
+    if (line.isValid()) {
+        line.setNumColumns(static_cast<int>(text.size()));
+        line.setPosition({0, 0});
+    }
+    layout.endLayout();
+    if (!line.isValid())
+        return {{}, 0};
+    return {glyphsFromBaseline(line), line.naturalTextWidth()};
+}
+
+/// A blank before the ellipsis would make it stand apart from the word it cuts.
+QString elided(const QString& text, const QFont& font, double width) {
+    constexpr QChar ellipsis(0x2026);
+    QString result = QFontMetricsF(font).elidedText(text, Qt::ElideRight, width);
+    while (result.size() > 1 && result.endsWith(ellipsis) && result.at(result.size() - 2).isSpace())
+        result.remove(result.size() - 2, 1);
+    return result;
+}
+
+struct Break {
+    int start;
+    int length;
+};
+
+/// Where lines of a width begin, as far as one line beyond the limit.
+std::vector<Break> breaks(const QString& text, const QFont& font, const TextRoom& room) {
+    QTextLayout layout(text, font);
+    QTextOption option;
+    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    layout.setTextOption(option);
+    std::vector<Break> result;
+    layout.beginLayout();
+    for (int i = 0; i <= room.lines; ++i) {
+        QTextLine line = layout.createLine();
+        if (!line.isValid())
+            break;
+        line.setLineWidth(room.width);
+        result.push_back({line.textStart(), line.textLength()});
+    }
+    layout.endLayout();
+    return result;
+}
+
+} // namespace
+
+QSizeF TextBlock::size() const {
+    double width = 0;
+    for (const TextLine& line : lines)
+        width = std::max(width, line.width);
+    return {width, metrics.height(lines.size())};
+}
+
+TextBlock textBlock(const QString& text, const QFont& font, const LineMetrics& metrics,
+                    const TextRoom& room) {
+    TextBlock block{{}, metrics};
+    if (room.lines <= 1) {
+        block.lines.push_back(unbrokenLine(elided(text, font, room.width), font));
+        return block;
+    }
+    const std::vector<Break> found = breaks(text, font, room);
+    const auto limit = static_cast<std::size_t>(room.lines);
+    for (std::size_t i = 0; i < std::min(found.size(), limit); ++i) {
+        const bool isCut = i + 1 == limit && found.size() > limit;
+        const QString rest = isCut ? text.mid(found[i].start) : text.mid(found[i].start, found[i].length);
+        block.lines.push_back(unbrokenLine(isCut ? elided(rest, font, room.width) : rest.trimmed(), font));
+    }
+    return block;
+}
+
+} // namespace vantel::scene

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "host/scene/SceneFont.h"
+
+#include <QGlyphRun>
+#include <QList>
+#include <QSizeF>
+#include <vector>
+
+namespace vantel::scene {
+
+/// One line of shaped glyphs. Positions count from the line's leading end and baseline.
+struct TextLine {
+    QList<QGlyphRun> glyphs;
+    double width;
+};
+
+/// Lines of text that fit a room, shaped once and drawn many times.
+struct TextBlock {
+    std::vector<TextLine> lines;
+    LineMetrics metrics{};
+
+    QSizeF size() const;
+};
+
+/// The room that a text has: a width in points, and how many lines.
+struct TextRoom {
+    double width;
+    int lines;
+};
+
+/// Breaks a text at words into at most the lines of the room; what does not fit ends in an ellipsis.
+TextBlock textBlock(const QString& text, const QFont& font, const LineMetrics& metrics, const TextRoom& room);
+
+} // namespace vantel::scene
