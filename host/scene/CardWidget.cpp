@@ -4,6 +4,7 @@
 #include "host/scene/Countdown.h"
 #include "host/scene/Notice.h"
 #include "host/scene/ScenePainter.h"
+#include "host/scene/SpokenText.h"
 #include "host/scene/Targets.h"
 
 #include <QKeyEvent>
@@ -42,6 +43,7 @@ struct CardWidget::Private {
 CardWidget::CardWidget(const Formats& formats, QWidget* parent)
     : QWidget(parent)
     , m_private(std::make_unique<Private>(formats, this)) {
+    scene::installSceneAccessibility();
     setAttribute(Qt::WA_NoSystemBackground);
     setFocusPolicy(Qt::TabFocus);
     m_private->fade.setDuration(fadeMilliseconds);

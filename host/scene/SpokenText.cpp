@@ -4,6 +4,7 @@
 
 #include <QAccessible>
 #include <QAccessibleWidget>
+#include <tuple>
 
 namespace vantel::scene {
 
@@ -50,7 +51,8 @@ SpokenText::SpokenText(const QString& text, QWidget* card)
 }
 
 void installSceneAccessibility() {
-    QAccessible::installFactory(sceneInterface);
+    static const bool isInstalled = (QAccessible::installFactory(sceneInterface), true);
+    std::ignore = isInstalled;
 }
 
 } // namespace vantel::scene

@@ -12,8 +12,7 @@ public:
     SpokenText(const QString& text, QWidget* card);
 };
 
-/// Lets assistive technology know cards and what is on them by their roles. Call it once, before the first
-/// card.
+/// Lets assistive technology know what is on cards by its role. Only the first call does anything.
 void installSceneAccessibility();
 
 } // namespace vantel::scene

@@ -1,0 +1,208 @@
+#include "host/scene/ActionArea.h"
+#include "host/scene/CardWidget.h"
+#include "tests/host/scene/SceneFixture.h"
+
+#include <QAccessible>
+#include <QSignalSpy>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace vantel {
+
+namespace {
+
+using namespace testing;
+
+const IntentCall completeFirst{"CompleteTodoIntent", {{"todoID", "t-1"}, {"accountID", "a"}}};
+const IntentCall completeSecond{"CompleteTodoIntent", {{"todoID", "t-2"}, {"accountID", "a"}}};
+
+Element taskRow(const IntentCall& intent, const std::string& id) {
+    Element circle = {Button{intent, Element{Symbol{.name = "circle", .size = 12}}}};
+    circle.accessibilityLabel = "Complete: " + id;
+    const TextStyle style{.font = {11}, .lineLimit = 1, .invalidatable = true};
+    const Element link = {Link{Url{"vantel://todo?id=" + id}, Element{Text{id, style}}}};
+    Element row = {Row{{circle, link}, VerticalAlignment::center, 6}};
+    row.frame = {.height = 26, .alignment = StackAlignment::leading};
+    return row;
+}
+
+WidgetView tasks(std::vector<std::pair<IntentCall, std::string>> rows) {
+    std::vector<Element> elements;
+    for (const auto& [intent, id] : rows)
+        elements.push_back(taskRow(intent, id));
+    Element column = {Column{std::move(elements), HorizontalAlignment::leading, 0}};
+    column.frame = {.alignment = StackAlignment::topLeading, .fill = FrameFill::both};
+    WidgetView view = viewOf(column);
+    view.content.widgetURL = Url{"vantel://focus"};
+    return view;
+}
+
+WidgetView twoTasks() {
+    return tasks({{completeFirst, "t-1"}, {completeSecond, "t-2"}});
+}
+
+class CardWidgetTest : public ::testing::Test {
+protected:
+    CardWidgetTest() {
+        card.setLook(testLook());
+        card.setView(twoTasks());
+        card.show();
+        EXPECT_TRUE(QTest::qWaitFor([this] { return paints.count > 0; }));
+    }
+
+    QImage picture() {
+        QImage image(card.size(), QImage::Format_ARGB32_Premultiplied);
+        image.fill(Qt::transparent);
+        card.render(&image, {}, {}, QWidget::DrawChildren);
+        return image;
+    }
+
+    struct PaintCounter : QObject {
+        int count = 0;
+        bool eventFilter(QObject*, QEvent* event) override {
+            count += event->type() == QEvent::Paint ? 1 : 0;
+            return false;
+        }
+    };
+
+    CardWidget card{plainFormats()};
+    PaintCounter paints;
+    QSignalSpy links{&card, &CardWidget::linkActivated};
+    QSignalSpy intents{&card, &CardWidget::intentPressed};
+
+private:
+    bool m_isWatched = (card.installEventFilter(&paints), true);
+};
+
+TEST_F(CardWidgetTest, HasTheSizeOfItsFamilyTimesTheScale) {
+    EXPECT_EQ(card.size(), QSize(170, 170));
+    Look look = testLook();
+    look.scale = 2;
+    card.setLook(look);
+    EXPECT_EQ(card.size(), QSize(340, 340));
+}
+
+TEST_F(CardWidgetTest, AnEqualViewCostsNoPaint) {
+    QCoreApplication::processEvents();
+    const int before = paints.count;
+    card.setView(twoTasks());
+    card.setLook(testLook());
+    card.setNow(instantFromReference(60));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(paints.count, before);
+}
+
+TEST_F(CardWidgetTest, AClickOnACircleRunsItsIntentAndNothingElse) {
+    QTest::mouseClick(card.childAt(22, 29), Qt::LeftButton);
+    ASSERT_EQ(intents.count(), 1);
+    EXPECT_EQ(intents[0][0].value<IntentCall>(), completeFirst);
+    EXPECT_EQ(links.count(), 0);
+}
+
+TEST_F(CardWidgetTest, AClickOnATaskOpensItAndAClickElsewhereOpensTheWidget) {
+    QTest::mouseClick(card.childAt(36, 29), Qt::LeftButton);
+    QTest::mouseClick(&card, Qt::LeftButton, {}, {120, 140});
+    ASSERT_EQ(links.count(), 2);
+    EXPECT_EQ(links[0][0].value<Url>(), Url{"vantel://todo?id=t-1"});
+    EXPECT_EQ(links[1][0].value<Url>(), Url{"vantel://focus"});
+}
+
+TEST_F(CardWidgetTest, OtherMouseButtonsDoNothing) {
+    QTest::mouseClick(&card, Qt::RightButton, {}, {120, 140});
+    QTest::mouseClick(card.childAt(22, 29), Qt::RightButton);
+    EXPECT_EQ(links.count() + intents.count(), 0);
+}
+
+TEST_F(CardWidgetTest, TabWalksCirclesAndLinksInReadingOrder) {
+    std::vector<QString> visited;
+    card.activateWindow();
+    card.focusFirst();
+    for (int i = 0; i < 4; ++i) {
+        visited.push_back(QApplication::focusWidget()->accessibleName());
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    }
+    const auto literal = [](const char* words) { return QString::fromUtf8(words); };
+    EXPECT_EQ(visited, (std::vector{literal("Complete: t-1"), literal("t-1"), literal("Complete: t-2"),
+                                    literal("t-2")}));
+}
+
+TEST_F(CardWidgetTest, EnterAndSpacePressWhatHasTheFocus) {
+    card.activateWindow();
+    card.focusFirst();
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space})
+        QTest::keyClick(QApplication::focusWidget(), key);
+    EXPECT_EQ(intents.count(), 3);
+}
+
+TEST_F(CardWidgetTest, APressedRowIsDrawnPendingUntilAnotherViewComes) {
+    const QImage idle = picture();
+    card.setPending(completeFirst);
+    const QImage pending = picture();
+    EXPECT_NE(pending.copy(0, 16, 170, 26), idle.copy(0, 16, 170, 26));
+    EXPECT_EQ(pending.copy(0, 42, 170, 26), idle.copy(0, 42, 170, 26));
+    card.clearPending();
+    EXPECT_EQ(picture(), idle);
+}
+
+TEST_F(CardWidgetTest, TheKeyboardFocusStaysWhileTheCardSaysTheSame) {
+    card.activateWindow();
+    card.focusFirst();
+    QWidget* focused = QApplication::focusWidget();
+    WidgetView same = twoTasks();
+    same.content.background = TokenColor{"ink", DynamicColor{0x1B1A17, 0x1B1A17}};
+    card.setView(same);
+    EXPECT_EQ(QApplication::focusWidget(), focused);
+}
+
+TEST_F(CardWidgetTest, ADarkLookRepaintsWithoutANewLayout) {
+    const QImage light = picture();
+    const QWidget* area = card.findChild<scene::ActionArea*>();
+    card.setLook(testLook(Appearance::darkAqua()));
+    EXPECT_NE(picture(), light);
+    EXPECT_EQ(card.findChild<scene::ActionArea*>(), area);
+    EXPECT_EQ(picture().pixelColor(120, 140), QColor(0x1C, 0x1C, 0x1E));
+}
+
+TEST_F(CardWidgetTest, AThousandChangesOfLookKeepNothing) {
+    for (int i = 0; i < 1000; ++i)
+        card.setLook(testLook(i % 2 == 0 ? Appearance::darkAqua() : Appearance::aqua()));
+    for (int i = 0; i < 1000; ++i)
+        card.setView(i % 2 == 0 ? tasks({{completeFirst, "t-1"}}) : twoTasks());
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_EQ(card.findChildren<scene::ActionArea*>().size(), 4);
+}
+
+TEST_F(CardWidgetTest, ANoticeIsShownAsPlainText) {
+    card.showNotice(QStringLiteral("<b>No</b> application opens this link."));
+    const QImage with = picture();
+    bool isDrawn = false;
+    for (int y = 110; y < 160 && !isDrawn; ++y)
+        isDrawn = with.pixelColor(85, y) == QColor(0x1B, 0x1A, 0x17);
+    EXPECT_TRUE(isDrawn);
+}
+
+TEST_F(CardWidgetTest, ACountdownTellsWhenItReadsDifferently) {
+    EXPECT_EQ(card.nextTick(instantFromReference(0)), std::nullopt);
+    card.setView(viewOf({RelativeTime{instantFromReference(2400), {.font = {22}}}}));
+    EXPECT_EQ(card.nextTick(instantFromReference(1)), instantFromReference(60));
+    const QImage before = picture();
+    card.setNow(instantFromReference(60));
+    EXPECT_NE(picture(), before);
+}
+
+TEST_F(CardWidgetTest, EveryLinkButtonAndTextHasARoleANameAndAnAction) {
+    QAccessibleInterface* button = QAccessible::queryAccessibleInterface(card.childAt(22, 29));
+    QAccessibleInterface* link = QAccessible::queryAccessibleInterface(card.childAt(36, 29));
+    ASSERT_NE(button, nullptr);
+    ASSERT_NE(link, nullptr);
+    EXPECT_EQ(button->role(), QAccessible::Button);
+    EXPECT_EQ(link->role(), QAccessible::Link);
+    EXPECT_EQ(button->text(QAccessible::Name), QStringLiteral("Complete: t-1"));
+    button->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    EXPECT_EQ(intents.count(), 1);
+}
+
+} // namespace
+
+} // namespace vantel
