@@ -1,0 +1,136 @@
+#include "host/schedule/IntentRunner.h"
+#include "platform/FatalError.h"
+#include "tests/fakes/FakeFormats.h"
+#include "tests/fakes/SequentialUuids.h"
+#include "tests/host/schedule/Gate.h"
+#include "tests/host/schedule/WindowThread.h"
+
+#include <gtest/gtest.h>
+
+namespace vantel {
+namespace {
+
+using namespace testing;
+using namespace std::chrono_literals;
+
+constexpr auto patience = 10s;
+
+IntentCall call(const std::string& name, const std::string& task) {
+    return {name, {{"todoID", task}}};
+}
+
+/// What the intents have done, shared with the worker thread.
+struct Doings {
+    std::mutex mutex;
+    std::vector<std::string> tasks;
+};
+
+class IntentRunnerTest : public ::testing::Test {
+protected:
+    IntentRunnerTest() {
+        QObject::connect(&*runner, &IntentRunner::ended,
+                         [this](const IntentOutcome& outcome) { outcomes.push_back(outcome); });
+    }
+
+    IntentDeclaration declaration(const std::string& name, const std::function<Result<void>()>& act) const {
+        return {name, "Complete task", false, [act, doings = doings](const IntentCall& each, const auto&) {
+                    const Result<void> result = act();
+                    const std::scoped_lock lock(doings->mutex);
+                    doings->tasks.push_back(each.parameter("todoID").value_or("none"));
+                    return result;
+                }};
+    }
+
+    WidgetBundle bundle() const {
+        const auto blocked = [waiting = gate]() -> Result<void> {
+            waiting.wait();
+            return {};
+        };
+        const auto fatal = []() -> Result<void> { fatalError("The count overflows"); };
+        return {.widgets = {},
+                .intents = {
+                    declaration("Complete", [] { return Result<void>(); }),
+                    declaration("Fail", []() -> Result<void> { return std::unexpected(fileWriteUnknown()); }),
+                    declaration("Block", blocked), declaration("Fatal", fatal)}};
+    }
+
+    std::vector<std::string> done() const {
+        const std::scoped_lock lock(doings->mutex);
+        return doings->tasks;
+    }
+
+    std::shared_ptr<Doings> doings = std::make_shared<Doings>();
+    Gate gate;
+    PlainFormats formats;
+    std::optional<IntentRunner> runner{
+        std::in_place, bundle(),
+        IntentSurroundings{std::make_shared<FixedClock>(Instant{}), std::make_shared<SequentialUuids>()},
+        formats};
+    std::vector<IntentOutcome> outcomes;
+};
+
+TEST_F(IntentRunnerTest, EachPressRunsOnceInTheOrderOfThePresses) {
+    runner->run("One", call("Complete", "a"));
+    runner->run("Two", call("Complete", "b"));
+    runner->run("One", call("Complete", "c"));
+    EXPECT_TRUE(outcomes.empty());
+    ASSERT_TRUE(waitUntil([this] { return outcomes.size() == 3; }));
+    EXPECT_EQ(done(), (std::vector<std::string>{"a", "b", "c"}));
+    EXPECT_EQ(outcomes[1].kind, "Two");
+    EXPECT_EQ(outcomes[1].call, call("Complete", "b"));
+    EXPECT_TRUE(outcomes[1].hasSucceeded());
+}
+
+TEST_F(IntentRunnerTest, ASecondPressOfAButtonOnItsWayIsPassedOverAndALaterOneCounts) {
+    runner->run("One", call("Block", "a"));
+    runner->run("One", call("Block", "a"));
+    runner->run("One", call("Complete", "b"));
+    runner->run("Two", call("Complete", "b"));
+    EXPECT_TRUE(runner->isPending(call("Complete", "b")));
+    EXPECT_FALSE(runner->isPending(call("Complete", "a")));
+    EXPECT_TRUE(runner->hasPending("One"));
+    EXPECT_FALSE(runner->hasPending("Two"));
+    gate.open();
+    ASSERT_TRUE(waitUntil([this] { return outcomes.size() == 2; }));
+    EXPECT_FALSE(runner->hasPending("One"));
+    runner->run("One", call("Complete", "b"));
+    ASSERT_TRUE(waitUntil([this] { return outcomes.size() == 3; }));
+    EXPECT_EQ(done(), (std::vector<std::string>{"a", "b", "b"}));
+}
+
+TEST_F(IntentRunnerTest, AFailureIsSaidInASentence) {
+    for (const std::string name : {"Fail", "Fatal", "Unknown"})
+        runner->run("One", call(name, "a"));
+    ASSERT_TRUE(waitUntil([this] { return outcomes.size() == 3; }));
+    EXPECT_EQ(outcomes[0].failure, "“Complete task” did not work: " + message(fileWriteUnknown()) + ".");
+    EXPECT_EQ(outcomes[1].failure, "“Complete task” did not work: The count overflows.");
+    EXPECT_EQ(outcomes[2].failure, "“Unknown” did not work: no widget declares Unknown.");
+    EXPECT_FALSE(outcomes[2].hasSucceeded());
+}
+
+TEST_F(IntentRunnerTest, DrainingHandsOutTheOutcomesOfAllThatEnded) {
+    for (const std::string task : {"a", "b", "c"})
+        runner->run("One", call("Complete", task));
+    EXPECT_TRUE(runner->drain(patience));
+    EXPECT_EQ(outcomes.size(), 3U);
+    EXPECT_EQ(done().size(), 3U);
+}
+
+TEST_F(IntentRunnerTest, ALockHeldElsewhereEndsTheWaitAndNothingBehindItIsAcknowledgedOrRun) {
+    runner->run("One", call("Complete", "a"));
+    runner->run("One", call("Block", "b"));
+    runner->run("One", call("Complete", "c"));
+    ASSERT_TRUE(waitUntil([this] { return done().size() == 1; }));
+    EXPECT_FALSE(runner->drain(20ms));
+    ASSERT_EQ(outcomes.size(), 1U);
+    EXPECT_EQ(outcomes[0].call, call("Complete", "a"));
+    runner.reset();
+    gate.open();
+    ASSERT_TRUE(waitUntil([this] { return done().size() == 2; }));
+    serveEvents();
+    EXPECT_EQ(done(), (std::vector<std::string>{"a", "b"}));
+    EXPECT_EQ(outcomes.size(), 1U);
+}
+
+} // namespace
+} // namespace vantel

@@ -1,0 +1,80 @@
+#include "host/schedule/WakeTimer.h"
+#include "platform/Clock.h"
+#include "tests/host/schedule/WindowThread.h"
+
+#include <limits>
+
+#include <gtest/gtest.h>
+
+namespace vantel {
+namespace {
+
+using namespace testing;
+
+class WakeTimerTest : public ::testing::Test {
+protected:
+    WakeTimerTest() {
+        QObject::connect(&timer, &Alarm::reached, [this] { ++reached; });
+    }
+
+    WakeTimer timer;
+    SystemClock clock;
+    int reached = 0;
+};
+
+TEST(TimerNanoseconds, AreThoseSince1970RoundedUpAndZeroForNever) {
+    struct Row {
+        double seconds;
+        std::int64_t nanoseconds;
+    };
+    constexpr double infinity = std::numeric_limits<double>::infinity();
+    for (const Row& row : std::vector<Row>{{0, 978'307'200'000'000'000},
+                                           {1.5, 978'307'201'500'000'000},
+                                           {-978'307'200, 1},
+                                           {-978'307'201, 1},
+                                           {-1e300, 1},
+                                           {-infinity, 1},
+                                           {6'279'811'200, 7'258'118'400'000'000'000},
+                                           {6'279'811'201, 0},
+                                           {1e300, 0},
+                                           {infinity, 0},
+                                           {std::numeric_limits<double>::quiet_NaN(), 0}})
+        EXPECT_EQ(timerNanoseconds(instantFromReference(row.seconds)), row.nanoseconds) << row.seconds;
+}
+
+TEST_F(WakeTimerTest, AMomentInThePastIsReachedAtOnceButNotInsideTheCall) {
+    timer.wakeAt(clock.now() - Seconds(3600));
+    EXPECT_EQ(reached, 0);
+    EXPECT_TRUE(waitUntil([this] { return reached == 1; }));
+}
+
+TEST_F(WakeTimerTest, AMomentToComeIsReachedOnceAndNotBefore) {
+    const Instant moment = clock.now() + Seconds(0.05);
+    timer.wakeAt(moment);
+    ASSERT_TRUE(waitUntil([this] { return reached > 0; }));
+    EXPECT_GE(clock.now(), moment);
+    serveEvents();
+    EXPECT_EQ(reached, 1);
+}
+
+TEST_F(WakeTimerTest, TheSameMomentCanBeReachedAgainOnceItWasReached) {
+    const Instant moment = clock.now();
+    timer.wakeAt(moment);
+    ASSERT_TRUE(waitUntil([this] { return reached == 1; }));
+    timer.wakeAt(moment);
+    EXPECT_TRUE(waitUntil([this] { return reached == 2; }));
+}
+
+TEST_F(WakeTimerTest, AMomentThatIsTakenBackOrFarAwayIsNotReached) {
+    for (const std::optional<Instant>& instead :
+         {std::optional<Instant>(), std::optional(instantFromReference(1e300))}) {
+        timer.wakeAt(clock.now() + Seconds(0.02));
+        timer.wakeAt(instead);
+        QThread::msleep(40);
+        serveEvents();
+        EXPECT_EQ(reached, 0);
+    }
+}
+
+} // namespace
+} // namespace vantel
