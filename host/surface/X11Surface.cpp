@@ -133,8 +133,7 @@ void X11Surface::applyShape() const {
 void X11Surface::takeFocus() {
     m_system.rememberFocus();
     setKeyboard(Keyboard::accepted);
-    if (m_mode == WindowMode::normalBelow)
-        changeState(StateChange::remove, "_NET_WM_STATE_BELOW");
+    changeState(StateChange::remove, "_NET_WM_STATE_BELOW");
     changeState(StateChange::add, "_NET_WM_STATE_ABOVE");
     m_widget.raise();
     m_widget.activateWindow();
