@@ -1,7 +1,7 @@
 #include "host/app/Pictures.h"
 
-#include "host/scene/CardShadow.h"
 #include "host/scene/ScenePainter.h"
+#include "host/surface/CardShadow.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -75,10 +75,7 @@ void drawDesk(QPainter& painter, const QRectF& desk, const std::vector<PlacedCar
     for (const auto& [view, corner] : cards) {
         painter.save();
         painter.translate(desk.topLeft() + corner);
-        const QSizeF size = cardSize(view.family, 1);
-        const QRectF shadow({-scene::shadowMargin, -scene::shadowMargin},
-                            size + 2 * QSizeF(scene::shadowMargin, scene::shadowMargin));
-        painter.drawImage(shadow, scene::cardShadow(size, context.scale));
+        drawCardShadow(painter, QRect({0, 0}, cardSize(view.family, 1).toSize()), 1);
         scene::paint(painter, sceneOf(view, look, context), look);
         painter.restore();
     }
@@ -86,6 +83,7 @@ void drawDesk(QPainter& painter, const QRectF& desk, const std::vector<PlacedCar
 
 QImage emptyPicture(const QSizeF& size, double scale) {
     QImage image((size * scale).toSize(), QImage::Format_ARGB32_Premultiplied);
+    image.setDevicePixelRatio(scale);
     image.fill(Qt::transparent);
     return image;
 }
@@ -105,7 +103,6 @@ Look pictureLook(const Appearance& appearance) {
 QImage cardPicture(const WidgetView& view, const Look& look, const PictureContext& context) {
     QImage image = emptyPicture(cardSize(view.family, 1), context.scale);
     QPainter painter(&image);
-    painter.scale(context.scale, context.scale);
     scene::paint(painter, sceneOf(view, look, context), look);
     return image;
 }
@@ -115,7 +112,6 @@ QImage galleryPicture(const WidgetBundle& bundle, const PictureContext& context)
     const double height = cards.empty() ? 0 : cards.back().corner.y() + 170 + deskMargin;
     QImage image = emptyPicture({deskWidth, 2 * height}, context.scale);
     QPainter painter(&image);
-    painter.scale(context.scale, context.scale);
     drawDesk(painter, {0, 0, deskWidth, height}, cards, Appearance::aqua(), context);
     drawDesk(painter, {0, height, deskWidth, height}, cards, Appearance::darkAqua(), context);
     return image;

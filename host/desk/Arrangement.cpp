@@ -1,0 +1,96 @@
+#include "host/desk/Arrangement.h"
+
+#include <algorithm>
+#include <cmath>
+#include <functional>
+
+namespace vantel {
+
+namespace {
+
+constexpr double gapPoints = 24;
+
+QPoint cornerPoint(const QRect& area, QSize card, int inset) {
+    return {area.x() + area.width() - inset - card.width(), area.y() + inset};
+}
+
+bool keepsDistance(const QRect& card, const std::vector<QRect>& taken, int gap) {
+    const QRect reach = card.adjusted(-gap, -gap, gap, gap);
+    return std::ranges::none_of(taken, [&](const QRect& other) { return reach.intersects(other); });
+}
+
+/// Where a free place can begin, from the right and from the top: beside the area's edges and other cards.
+std::vector<int> columns(QSize card, const std::vector<QRect>& taken, const QRect& area, int gap) {
+    std::vector<int> lefts{cornerPoint(area, card, gap).x()};
+    for (const QRect& other : taken) {
+        lefts.push_back(other.x() + other.width() - card.width());
+        lefts.push_back(other.x() - gap - card.width());
+        lefts.push_back(other.x());
+    }
+    std::ranges::sort(lefts, std::greater());
+    return lefts;
+}
+
+std::vector<int> rows(const std::vector<QRect>& taken, const QRect& area, int gap) {
+    std::vector<int> tops{area.y() + gap};
+    for (const QRect& other : taken) {
+        tops.push_back(other.y());
+        tops.push_back(other.y() + other.height() + gap);
+    }
+    std::ranges::sort(tops);
+    return tops;
+}
+
+QPoint cascaded(QSize card, const std::vector<QRect>& taken, const QRect& area, int gap) {
+    QRect spot(cornerPoint(area, card, gap), card);
+    while (std::ranges::any_of(taken, [&](const QRect& other) { return other.topLeft() == spot.topLeft(); }))
+        spot.translate(-gap, gap);
+    return clamped(spot, area);
+}
+
+} // namespace
+
+int cardGap(double scale) {
+    return static_cast<int>(std::lround(gapPoints * scale));
+}
+
+QPoint freeSpot(QSize card, const std::vector<QRect>& taken, const QRect& area, double scale) {
+    const int gap = cardGap(scale);
+    const QRect inside = area.adjusted(gap, gap, -gap, -gap);
+    for (const int left : columns(card, taken, area, gap))
+        for (const int top : rows(taken, area, gap)) {
+            const QRect spot(QPoint(left, top), card);
+            if (inside.contains(spot) && keepsDistance(spot, taken, gap))
+                return spot.topLeft();
+        }
+    return cascaded(card, taken, area, gap);
+}
+
+CornerMargins cornerMargins(const QRect& card, const QRect& screen) {
+    const int left = card.x() - screen.x();
+    const int top = card.y() - screen.y();
+    const int right = screen.width() - left - card.width();
+    const int bottom = screen.height() - top - card.height();
+    const bool isLeft = left < right;
+    const bool isTop = top <= bottom;
+    const Corner corner = isTop ? (isLeft ? Corner::topLeft : Corner::topRight)
+                                : (isLeft ? Corner::bottomLeft : Corner::bottomRight);
+    return {corner, {isLeft ? left : right, isTop ? top : bottom}};
+}
+
+QPoint positionOf(const Placement& placement, QSize card, const QRect& screen) {
+    const bool isLeft = placement.corner == Corner::topLeft || placement.corner == Corner::bottomLeft;
+    const bool isTop = placement.corner == Corner::topLeft || placement.corner == Corner::topRight;
+    const auto [horizontal, vertical] = placement.margins;
+    const int x = isLeft ? horizontal : screen.width() - horizontal - card.width();
+    const int y = isTop ? vertical : screen.height() - vertical - card.height();
+    return clamped(QRect(screen.topLeft() + QPoint(x, y), card), screen);
+}
+
+QPoint clamped(const QRect& card, const QRect& area) {
+    const int x = std::min(card.x(), area.x() + area.width() - card.width());
+    const int y = std::min(card.y(), area.y() + area.height() - card.height());
+    return {std::max(x, area.x()), std::max(y, area.y())};
+}
+
+} // namespace vantel

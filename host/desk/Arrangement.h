@@ -1,0 +1,72 @@
+#pragma once
+
+#include "host/desk/Monitor.h"
+
+#include <QPoint>
+#include <QRect>
+#include <QSize>
+#include <span>
+#include <vector>
+
+namespace vantel {
+
+struct WidgetBundle;
+
+/// Where cards stand, as pure geometry. Rectangles are cards, without their shadows, in logical pixels of the
+/// whole desktop.
+
+/// The distance between cards, and between a card and the edge of the screen, at a scale.
+int cardGap(double scale);
+
+/// A widget that shall stand somewhere.
+struct WantedWidget {
+    std::string kind;
+    WidgetFamily family;
+
+    bool operator==(const WantedWidget&) const = default;
+};
+
+/// Widgets side by side.
+using WidgetRow = std::vector<WantedWidget>;
+
+/// What a first start shows: every kind once, in rows that are all equally wide. A kind is medium if it can
+/// be; one that is only ever small shares its row with the kind before it, where that can be small too.
+std::vector<WidgetRow> firstRows(const WidgetBundle& bundle);
+
+/// A widget and the place of its card.
+struct WidgetSpot {
+    WantedWidget widget;
+    QRect card;
+
+    bool operator==(const WidgetSpot&) const = default;
+};
+
+/// The rows from the top right of the area down, and on in a further column to the left where the area ends.
+std::vector<WidgetSpot> firstArrangement(const std::vector<WidgetRow>& rows, const QRect& area, double scale);
+
+/// A place for one more card: the first free one from the right, and there from the top, that keeps the
+/// distance to all others. Where there is none, the top right corner, one gap further in for each card that
+/// starts there already.
+QPoint freeSpot(QSize card, const std::vector<QRect>& taken, const QRect& area, double scale);
+
+/// Where a card goes that is dragged to `wanted`: to the edges and gaps of its neighbours and of the area if
+/// they are near, else to a grid; always wholly inside the area.
+QPoint snapped(const QRect& wanted, const std::vector<QRect>& neighbours, const QRect& area, double scale);
+
+/// The place of a card in terms of its screen: the nearest corner, and the distances from there.
+struct CornerMargins {
+    Corner corner;
+    Margins margins;
+
+    bool operator==(const CornerMargins&) const = default;
+};
+
+CornerMargins cornerMargins(const QRect& card, const QRect& screen);
+
+/// The place of a card on a screen: as the placement says, moved as little as it takes to be on the screen.
+QPoint positionOf(const Placement& placement, QSize card, const QRect& screen);
+
+/// Moved as little as it takes to lie inside; to the top left where it is too large.
+QPoint clamped(const QRect& card, const QRect& area);
+
+} // namespace vantel

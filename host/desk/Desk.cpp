@@ -1,0 +1,251 @@
+#include "host/desk/Desk.h"
+
+#include "host/scene/Look.h"
+#include "hosting/WidgetBundle.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace vantel {
+
+namespace {
+
+const Monitor* monitorAt(QPoint point, const std::vector<Monitor>& monitors) {
+    const auto found =
+        std::ranges::find_if(monitors, [&](const Monitor& each) { return each.geometry.contains(point); });
+    return found != monitors.end() ? &*found : nullptr;
+}
+
+bool liesOver(const QRect& card, const std::vector<QRect>& others) {
+    return std::ranges::any_of(others, [&](const QRect& other) { return card.intersects(other); });
+}
+
+} // namespace
+
+void Desk::Deleter::operator()(CardWindow* window) const {
+    // It may be the window itself that asked to be removed, and it shall ask for nothing more.
+    window->disconnect();
+    window->hide();
+    window->deleteLater();
+}
+
+Desk::Desk(DeskParts parts, double scale)
+    : m_parts(std::move(parts))
+    , m_scale(scale) {
+    connect(&m_parts.screens, &Screens::changed, this, &Desk::update);
+}
+
+Desk::~Desk() {
+    for (auto& [id, window] : m_windows)
+        delete window.release();
+}
+
+void Desk::start() {
+    auto saved = m_parts.store.load();
+    m_isFirstStart = !saved;
+    m_placements = std::move(saved).value_or(Placements());
+    update();
+}
+
+void Desk::placeFirst(const Monitor& monitor) {
+    for (const auto& [widget, card] :
+         firstArrangement(firstRows(m_parts.bundle), monitor.available, m_scale)) {
+        Placement placement{.id = m_parts.identifiers.next(), .kind = widget.kind, .family = widget.family};
+        settle(placement, card, monitor);
+        m_placements.push_back(placement);
+    }
+    m_isFirstStart = false;
+    m_parts.store.save(m_placements);
+}
+
+void Desk::settle(Placement& placement, const QRect& card, const Monitor& monitor) const {
+    const auto [corner, margins] = cornerMargins(card, monitor.geometry);
+    placement.monitor = monitor.identity;
+    placement.corner = corner;
+    placement.margins = margins;
+}
+
+Placement* Desk::find(const Uuid& id) {
+    const auto found = std::ranges::find(m_placements, id, &Placement::id);
+    return found != m_placements.end() ? &*found : nullptr;
+}
+
+CardWindow* Desk::window(const Uuid& id) const {
+    const auto found = m_windows.find(id);
+    return found != m_windows.end() ? found->second.get() : nullptr;
+}
+
+bool Desk::isKnown(const std::string& kind, WidgetFamily family) const {
+    const StaticConfiguration* configuration = m_parts.bundle.widget(kind);
+    return configuration != nullptr && configuration->supports(family);
+}
+
+std::vector<QRect> Desk::cardsOn(const Monitor& monitor, const Uuid& without) const {
+    std::vector<QRect> cards;
+    for (const auto& [id, window] : m_windows)
+        if (id != without && monitor.geometry.intersects(window->cardGeometry()))
+            cards.push_back(window->cardGeometry());
+    return cards;
+}
+
+void Desk::add(const std::string& kind, WidgetFamily family) {
+    const auto monitors = m_parts.screens.monitors();
+    if (monitors.empty() || !isKnown(kind, family))
+        return;
+    const Monitor& monitor = monitors.front();
+    const QSize card = cardSize(family, m_scale).toSize();
+    Placement placement{.id = m_parts.identifiers.next(), .kind = kind, .family = family};
+    settle(placement, QRect(freeSpot(card, cardsOn(monitor, placement.id), monitor.available, m_scale), card),
+           monitor);
+    m_placements.push_back(placement);
+    m_parts.store.save(m_placements);
+    update();
+}
+
+void Desk::remove(const Uuid& id) {
+    m_windows.erase(id);
+    if (std::erase_if(m_placements, [&](const Placement& each) { return each.id == id; }) == 0)
+        return;
+    m_parts.store.save(m_placements);
+    announce();
+}
+
+void Desk::resize(const Uuid& id, WidgetFamily family) {
+    Placement* placement = find(id);
+    if (placement == nullptr || placement->family == family || !isKnown(placement->kind, family))
+        return;
+    placement->family = family;
+    m_windows.erase(id);
+    const auto monitors = m_parts.screens.monitors();
+    if (const Monitor* monitor = monitorOf(*placement, monitors, m_placements)) {
+        const QSize card = cardSize(family, m_scale).toSize();
+        const std::vector<QRect> others = cardsOn(*monitor, id);
+        if (liesOver(QRect(positionOf(*placement, card, monitor->geometry), card), others))
+            settle(*placement, QRect(freeSpot(card, others, monitor->available, m_scale), card), *monitor);
+    }
+    m_parts.store.save(m_placements);
+    update();
+}
+
+void Desk::setScale(double scale) {
+    m_scale = scale;
+    for (const auto& [id, window] : m_windows)
+        window->setScale(scale);
+    update();
+}
+
+void Desk::focusWidgets() {
+    std::vector<CardWindow*> shown;
+    for (const Placement& placement : m_placements)
+        if (CardWindow* each = window(placement.id))
+            shown.push_back(each);
+    if (shown.empty())
+        return;
+    const auto last = std::ranges::find(shown, m_lastFocused.data());
+    const bool goesOn = last != shown.end() && (*last)->hasTakenFocus() && last + 1 != shown.end();
+    m_lastFocused = goesOn ? *(last + 1) : shown.front();
+    m_lastFocused->takeFocus();
+}
+
+PlacedWidgets Desk::placed() const {
+    PlacedWidgets placed;
+    for (const Placement& placement : m_placements)
+        if (window(placement.id) != nullptr)
+            placed.insert({placement.kind, placement.family});
+    return placed;
+}
+
+void Desk::announce() {
+    PlacedWidgets now = placed();
+    if (now == m_announced)
+        return;
+    m_announced = now;
+    Q_EMIT placedChanged(now);
+}
+
+void Desk::update() {
+    const auto monitors = m_parts.screens.monitors();
+    if (m_isFirstStart && !monitors.empty())
+        placeFirst(monitors.front());
+    for (const Placement& placement : m_placements)
+        updateWindow(placement, monitors);
+    announce();
+}
+
+void Desk::updateWindow(const Placement& placement, const std::vector<Monitor>& monitors) {
+    const Monitor* monitor = monitorOf(placement, monitors, m_placements);
+    if (monitor == nullptr || !isKnown(placement.kind, placement.family)) {
+        m_windows.erase(placement.id);
+        return;
+    }
+    Window& window = m_windows[placement.id];
+    const bool isNew = window == nullptr;
+    if (isNew)
+        window = makeWindow(placement);
+    const QPoint position = positionOf(placement, window->card()->size(), monitor->geometry);
+    if (isNew || window->cardScreen() != monitor->screen)
+        window->showCard(monitor->screen, position);
+    else
+        window->moveCard(position);
+}
+
+Desk::Window Desk::makeWindow(const Placement& placement) {
+    const StaticConfiguration& configuration = *m_parts.bundle.widget(placement.kind);
+    Window window(new CardWindow(m_parts.makeCard(placement), m_scale, m_parts.windows, m_parts.formats));
+    window->setFamilies({configuration.supportedFamilies, placement.family});
+    window->setWindowTitle(
+        QString::fromStdString(m_parts.formats.translated(configuration.displayName.c_str())));
+    connectWindow(*window, placement.id);
+    return window;
+}
+
+void Desk::connectWindow(CardWindow& window, const Uuid& id) {
+    connect(&window, &CardWindow::dragged, this, [this, id](QPoint position) { drag(id, position); });
+    connect(&window, &CardWindow::dropped, this, [this, id] { drop(id); });
+    connect(&window, &CardWindow::cardResized, this, &Desk::update);
+    connect(&window, &CardWindow::focusTaken, this, [this, &window] { Q_EMIT cardFocused(window.card()); });
+    connect(&window, &CardWindow::familyChosen, this,
+            [this, id](WidgetFamily family) { resize(id, family); });
+    connect(&window, &CardWindow::commandChosen, this, [this, id](MenuCommand command) { run(id, command); });
+}
+
+void Desk::drag(const Uuid& id, QPoint position) {
+    const auto monitors = m_parts.screens.monitors();
+    CardWindow& moving = *window(id);
+    const QRect wanted(position, moving.card()->size());
+    const Monitor* monitor = monitorAt(wanted.center(), monitors);
+    if (monitor == nullptr)
+        monitor = monitorAt(moving.cardGeometry().center(), monitors);
+    if (monitor != nullptr)
+        moving.moveCard(snapped(wanted, cardsOn(*monitor, id), monitor->available, m_scale));
+}
+
+void Desk::drop(const Uuid& id) {
+    const auto monitors = m_parts.screens.monitors();
+    CardWindow& dropped = *window(id);
+    const Monitor* monitor = monitorAt(dropped.cardGeometry().center(), monitors);
+    if (monitor == nullptr)
+        return;
+    settle(*find(id), dropped.cardGeometry(), *monitor);
+    m_parts.store.save(m_placements);
+    dropped.setCardScreen(monitor->screen);
+}
+
+void Desk::run(const Uuid& id, MenuCommand command) {
+    switch (command) {
+    case MenuCommand::takeFocus:
+        return window(id)->takeFocus();
+    case MenuCommand::remove:
+        return remove(id);
+    case MenuCommand::addWidgets:
+        return Q_EMIT addWidgetsAsked();
+    case MenuCommand::reload:
+        return Q_EMIT reloadAsked(find(id)->kind);
+    case MenuCommand::about:
+        return Q_EMIT aboutAsked();
+    case MenuCommand::quit:
+        return Q_EMIT quitAsked();
+    }
+}
+
+} // namespace vantel

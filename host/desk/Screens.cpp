@@ -1,0 +1,64 @@
+#include "host/desk/Screens.h"
+
+#include <QGuiApplication>
+#include <QScreen>
+#include <algorithm>
+#include <utility>
+
+namespace vantel {
+
+namespace {
+
+MonitorIdentity identityOf(const QScreen& screen) {
+    return {.manufacturer = screen.manufacturer().toStdString(),
+            .model = screen.model().toStdString(),
+            .serial = screen.serialNumber().toStdString(),
+            .name = screen.name().toStdString()};
+}
+
+bool isStandIn(const QScreen& screen) {
+    return screen.geometry().isEmpty() ||
+           (identityOf(screen) == MonitorIdentity() && screen.physicalSize().isEmpty());
+}
+
+} // namespace
+
+SystemScreens::SystemScreens(QObject* parent)
+    : Screens(parent) {
+    for (QScreen* screen : QGuiApplication::screens())
+        watch(screen);
+    connect(qGuiApp, &QGuiApplication::screenAdded, this, [this](QScreen* screen) {
+        watch(screen);
+        announce();
+    });
+    connect(qGuiApp, &QGuiApplication::screenRemoved, this, &SystemScreens::announce);
+    connect(qGuiApp, &QGuiApplication::primaryScreenChanged, this, &SystemScreens::announce);
+}
+
+std::vector<Monitor> SystemScreens::monitors() const {
+    std::vector<Monitor> monitors;
+    for (QScreen* screen : QGuiApplication::screens())
+        if (!isStandIn(*screen))
+            monitors.push_back(
+                {identityOf(*screen), screen->geometry(), screen->availableGeometry(), screen});
+    std::ranges::stable_partition(
+        monitors, [](const Monitor& each) { return each.screen == QGuiApplication::primaryScreen(); });
+    return monitors;
+}
+
+void SystemScreens::watch(QScreen* screen) {
+    connect(screen, &QScreen::geometryChanged, this, &SystemScreens::announce);
+    connect(screen, &QScreen::availableGeometryChanged, this, &SystemScreens::announce);
+}
+
+void SystemScreens::announce() {
+    if (std::exchange(m_isAnnouncing, true))
+        return;
+    const auto say = [this] {
+        m_isAnnouncing = false;
+        Q_EMIT changed();
+    };
+    QMetaObject::invokeMethod(this, say, Qt::QueuedConnection);
+}
+
+} // namespace vantel

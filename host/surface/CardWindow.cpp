@@ -1,0 +1,164 @@
+#include "host/surface/CardWindow.h"
+
+#include "host/scene/Look.h"
+#include "host/surface/CardShadow.h"
+#include "host/surface/CardShape.h"
+
+#include <QContextMenuEvent>
+#include <QKeyEvent>
+#include <QPainter>
+#include <utility>
+
+namespace vantel {
+
+namespace {
+
+/// The first widget in the card that the Tab key reaches, or the card.
+QWidget* firstStop(QWidget* card) {
+    for (QWidget* next = card; next != nullptr; next = next->nextInFocusChain()) {
+        const bool isStop =
+            (next->focusPolicy() & Qt::TabFocus) != 0 && next->isEnabled() && !next->isHidden();
+        if (isStop && (next == card || card->isAncestorOf(next)))
+            return next;
+        if (next->nextInFocusChain() == card)
+            break;
+    }
+    return card;
+}
+
+} // namespace
+
+CardWindow::CardWindow(QWidget* card, double scale, WindowSystem& windows, const Formats& formats)
+    : m_card(card)
+    , m_scale(scale)
+    , m_windows(windows)
+    , m_formats(formats)
+    , m_surface(windows.makeSurface(*this)) {
+    setAttribute(Qt::WA_TranslucentBackground);
+    setAttribute(Qt::WA_ShowWithoutActivating);
+    setAttribute(Qt::WA_QuitOnClose, false);
+    card->setParent(this);
+    card->installEventFilter(this);
+    layOut();
+    connect(&windows, &WindowSystem::blendingChanged, this, &CardWindow::shapeCard);
+    connect(&windows, &WindowSystem::managerChanged, this, &CardWindow::showAgain);
+    connect(&m_drag, &CardDrag::began, this, [this] { m_dragOrigin = cardGeometry().topLeft(); });
+    connect(&m_drag, &CardDrag::moved, this,
+            [this](QPoint distance) { Q_EMIT dragged(m_dragOrigin + distance); });
+    connect(&m_drag, &CardDrag::ended, this, &CardWindow::dropped);
+}
+
+CardWindow::~CardWindow() = default;
+
+QPoint CardWindow::shadowOffset() const {
+    const int reach = shadowReach(m_scale);
+    return {reach, reach};
+}
+
+QRect CardWindow::cardGeometry() const {
+    return m_card->geometry().translated(pos());
+}
+
+void CardWindow::setScale(double scale) {
+    const QPoint position = cardGeometry().topLeft();
+    m_scale = scale;
+    layOut();
+    if (m_isPlaced)
+        moveCard(position);
+}
+
+void CardWindow::layOut() {
+    const QSize margins(2 * shadowReach(m_scale), 2 * shadowReach(m_scale));
+    m_card->move(shadowOffset());
+    setFixedSize(m_card->size() + margins);
+    shapeCard();
+}
+
+void CardWindow::shapeCard() {
+    m_surface->setCardShape(roundedRegion(m_card->geometry(), cardCornerRadius * m_scale));
+    update();
+}
+
+void CardWindow::showCard(QScreen* screen, QPoint position) {
+    m_screen = screen;
+    m_isPlaced = true;
+    m_surface->show(screen, position - shadowOffset());
+}
+
+void CardWindow::moveCard(QPoint position) {
+    m_surface->move(position - shadowOffset());
+}
+
+void CardWindow::showAgain() {
+    if (m_isPlaced)
+        m_surface->show(m_screen, pos());
+}
+
+void CardWindow::takeFocus() {
+    m_hasTakenFocus = true;
+    m_surface->takeFocus();
+    firstStop(m_card)->setFocus(Qt::TabFocusReason);
+    Q_EMIT focusTaken();
+}
+
+void CardWindow::giveFocusBack() {
+    if (std::exchange(m_hasTakenFocus, false))
+        m_surface->giveFocusBack();
+}
+
+void CardWindow::openMenu(QPoint position) {
+    auto* menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    fillWidgetMenu(*menu, m_choice,
+                   {.family = [this](WidgetFamily family) { Q_EMIT familyChosen(family); },
+                    .command = [this](MenuCommand command) { Q_EMIT commandChosen(command); }},
+                   m_formats);
+    menu->popup(mapToGlobal(position));
+}
+
+bool CardWindow::event(QEvent* event) {
+    if (event->type() == QEvent::WinIdChange && windowHandle() != nullptr)
+        m_drag.watch(windowHandle());
+    return QWidget::event(event);
+}
+
+bool CardWindow::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == m_card && event->type() == QEvent::Resize) {
+        layOut();
+        Q_EMIT cardResized();
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+void CardWindow::paintEvent(QPaintEvent*) {
+    if (m_windows.blending() == Blending::none)
+        return;
+    QPainter painter(this);
+    drawCardShadow(painter, m_card->geometry(), m_scale);
+}
+
+void CardWindow::contextMenuEvent(QContextMenuEvent* event) {
+    const bool isFromKeyboard = event->reason() == QContextMenuEvent::Keyboard;
+    openMenu(isFromKeyboard ? m_card->geometry().center() : event->pos());
+}
+
+void CardWindow::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Escape)
+        return giveFocusBack();
+    QWidget::keyPressEvent(event);
+}
+
+void CardWindow::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::ActivationChange && !isActiveWindow())
+        giveFocusBack();
+    QWidget::changeEvent(event);
+}
+
+void CardWindow::closeEvent(QCloseEvent* event) {
+    // A window manager may close the window, but removing the widget is the menu's business. While the
+    // program quits, nothing that is queued here is heard any more.
+    QMetaObject::invokeMethod(this, &CardWindow::showAgain, Qt::QueuedConnection);
+    QWidget::closeEvent(event);
+}
+
+} // namespace vantel

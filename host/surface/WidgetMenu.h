@@ -1,0 +1,33 @@
+#pragma once
+
+#include "hosting/WidgetFamily.h"
+#include "platform/Formats.h"
+
+#include <QMenu>
+#include <functional>
+#include <vector>
+
+namespace vantel {
+
+/// What the menu of a card can ask for, apart from a size.
+enum class MenuCommand { takeFocus, remove, addWidgets, reload, about, quit };
+
+/// The sizes that a widget declares, and the one it has.
+struct FamilyChoice {
+    std::vector<WidgetFamily> families;
+    WidgetFamily current = WidgetFamily::systemSmall;
+};
+
+struct MenuActions {
+    std::function<void(WidgetFamily)> family;
+    std::function<void(MenuCommand)> command;
+};
+
+/// The size in the user's words: "Small".
+QString familyText(WidgetFamily family, const Formats& formats);
+
+/// Fills the menu of a card. Sizes are there only when there is a choice.
+void fillWidgetMenu(QMenu& menu, const FamilyChoice& choice, const MenuActions& actions,
+                    const Formats& formats);
+
+} // namespace vantel

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "host/surface/Surface.h"
+
+#include <QObject>
+#include <memory>
+
+class QWidget;
+
+namespace vantel {
+
+/// Whether windows are blended with what lies behind them, so that they can have shadows and soft corners.
+enum class Blending { none, blended };
+
+/// Where surfaces come from. One object for the program, made after the application and ended before it.
+class WindowSystem : public QObject {
+    Q_OBJECT
+
+public:
+    using QObject::QObject;
+
+    /// A surface for a top-level widget that was not shown yet. The window system outlives it.
+    virtual std::unique_ptr<Surface> makeSurface(QWidget& window) = 0;
+    virtual Blending blending() const = 0;
+
+Q_SIGNALS:
+    void blendingChanged();
+
+    /// Another window manager took over: what is shown should be shown anew.
+    void managerChanged();
+};
+
+/// The one that fits the application's platform: X11, or where no desktop is known (as in tests), windows
+/// that are no more than shown.
+std::unique_ptr<WindowSystem> makeWindowSystem();
+
+} // namespace vantel

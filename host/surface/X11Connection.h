@@ -1,0 +1,62 @@
+#pragma once
+
+#include "host/surface/WindowManagerPolicy.h"
+
+#include <cstdint>
+#include <initializer_list>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <xcb/xcb.h>
+
+namespace vantel {
+
+/// The application's connection to the X server, in the few words that desktop windows need. A value; the
+/// connection is the application's.
+class X11Connection {
+public:
+    /// Absent when the application does not run on X11.
+    static std::optional<X11Connection> ofApplication();
+
+    xcb_connection_t* xcb() const { return m_connection; }
+    xcb_window_t root() const { return m_screen->root; }
+
+    xcb_atom_t atom(std::string_view name) const;
+
+    /// "_NET_WM_CM_S0" with the number of this screen: who owns it blends windows.
+    std::string compositorSelection() const;
+    xcb_window_t selectionOwner(std::string_view selection) const;
+
+    /// Empty when the window has no such property or is gone.
+    std::vector<std::uint32_t> numbers(xcb_window_t window, std::string_view property) const;
+    std::string text(xcb_window_t window, std::string_view property) const;
+
+    void setNumbers(xcb_window_t window, std::string_view property, xcb_atom_t type,
+                    std::span<const std::uint32_t> values) const;
+    void setAtoms(xcb_window_t window, std::string_view property,
+                  std::initializer_list<std::string_view> values) const;
+    void setText(xcb_window_t window, std::string_view property, std::string_view bytes) const;
+
+    /// Asks the window manager something about a window.
+    void ask(xcb_window_t window, std::string_view message, std::span<const std::uint32_t, 5> values) const;
+
+    /// Hands over what was said so far.
+    void flush() const { xcb_flush(m_connection); }
+
+private:
+    X11Connection(xcb_connection_t* connection, int screenNumber);
+
+    std::vector<std::uint8_t> bytes(xcb_window_t window, std::string_view property) const;
+
+    xcb_connection_t* m_connection;
+    int m_screenNumber;
+    xcb_screen_t* m_screen;
+};
+
+/// Who manages the windows of this display now.
+WindowManager runningWindowManager(const X11Connection& connection);
+
+} // namespace vantel

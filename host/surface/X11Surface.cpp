@@ -1,0 +1,151 @@
+#include "host/surface/X11Surface.h"
+
+#include <QScreen>
+#include <QWindow>
+#include <array>
+
+#include <xcb/shape.h>
+
+namespace vantel {
+
+namespace {
+
+constexpr std::uint32_t allWorkspaces = 0xFFFFFFFF;
+constexpr std::uint32_t fromApplication = 1;
+constexpr char windowClass[] = "vantel-widgets\0org.vantel.Widgets";
+
+/// ICCCM's WM_HINTS: nine numbers, of which the first says which others count.
+constexpr std::size_t hintCount = 9;
+constexpr std::uint32_t inputCounts = 1;
+
+std::int16_t devicePixel(int logical, double ratio) {
+    return static_cast<std::int16_t>(qRound(logical * ratio));
+}
+
+xcb_rectangle_t deviceRectangle(const QRect& rectangle, double ratio) {
+    const std::int16_t left = devicePixel(rectangle.x(), ratio);
+    const std::int16_t top = devicePixel(rectangle.y(), ratio);
+    const std::int16_t right = devicePixel(rectangle.x() + rectangle.width(), ratio);
+    const std::int16_t bottom = devicePixel(rectangle.y() + rectangle.height(), ratio);
+    return {left, top, static_cast<std::uint16_t>(right - left), static_cast<std::uint16_t>(bottom - top)};
+}
+
+} // namespace
+
+X11Surface::X11Surface(QWidget& window, X11WindowSystem& system)
+    : m_widget(window)
+    , m_system(system)
+    , m_connection(system.connection()) {
+    m_widget.setAttribute(Qt::WA_ShowWithoutActivating);
+    m_widget.setAttribute(Qt::WA_TranslucentBackground);
+}
+
+xcb_window_t X11Surface::window() const {
+    return static_cast<xcb_window_t>(m_widget.winId());
+}
+
+void X11Surface::show(QScreen* screen, QPoint position) {
+    m_widget.hide();
+    m_mode = windowMode(m_system.manager());
+    chooseFlags();
+    if (screen != nullptr)
+        m_widget.setScreen(screen);
+    m_widget.move(position);
+    announce();
+    m_widget.show();
+    standBelow();
+    applyShape();
+    m_connection.flush();
+}
+
+void X11Surface::chooseFlags() {
+    Qt::WindowFlags flags = Qt::Window | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint;
+    flags |=
+        m_mode == WindowMode::overrideRedirect ? Qt::X11BypassWindowManagerHint : Qt::WindowStaysOnBottomHint;
+    if (m_widget.windowFlags() != flags)
+        m_widget.setWindowFlags(flags);
+}
+
+void X11Surface::announce() const {
+    m_connection.setText(window(), "WM_CLASS", {windowClass, sizeof(windowClass)});
+    if (m_mode == WindowMode::dockBelow)
+        m_connection.setAtoms(window(), "_NET_WM_WINDOW_TYPE", {"_NET_WM_WINDOW_TYPE_DOCK"});
+    else
+        m_connection.setAtoms(window(), "_NET_WM_WINDOW_TYPE", {"_NET_WM_WINDOW_TYPE_NORMAL"});
+    m_connection.setNumbers(window(), "_NET_WM_DESKTOP", XCB_ATOM_CARDINAL, std::array{allWorkspaces});
+    setKeyboard(Keyboard::refused);
+}
+
+void X11Surface::standBelow() const {
+    if (m_mode == WindowMode::overrideRedirect)
+        return lower();
+    changeState(StateChange::add, "_NET_WM_STATE_BELOW", "_NET_WM_STATE_STICKY");
+    changeState(StateChange::add, "_NET_WM_STATE_SKIP_TASKBAR", "_NET_WM_STATE_SKIP_PAGER");
+}
+
+void X11Surface::lower() const {
+    const std::uint32_t below = XCB_STACK_MODE_BELOW;
+    xcb_configure_window(m_connection.xcb(), window(), XCB_CONFIG_WINDOW_STACK_MODE, &below);
+}
+
+void X11Surface::changeState(StateChange change, std::string_view first, std::string_view second) const {
+    const std::array values{static_cast<std::uint32_t>(change), m_connection.atom(first),
+                            second.empty() ? xcb_atom_t{XCB_ATOM_NONE} : m_connection.atom(second),
+                            fromApplication, 0U};
+    m_connection.ask(window(), "_NET_WM_STATE", values);
+}
+
+void X11Surface::setKeyboard(Keyboard keyboard) const {
+    auto hints = m_connection.numbers(window(), "WM_HINTS");
+    hints.resize(hintCount);
+    hints[0] |= inputCounts;
+    hints[1] = keyboard == Keyboard::accepted ? 1 : 0;
+    m_connection.setNumbers(window(), "WM_HINTS", XCB_ATOM_WM_HINTS, hints);
+}
+
+void X11Surface::move(QPoint position) {
+    m_widget.move(position);
+}
+
+void X11Surface::hide() {
+    m_widget.hide();
+}
+
+void X11Surface::setCardShape(const QRegion& shape) {
+    m_shape = shape;
+    if (m_widget.isVisible())
+        applyShape();
+}
+
+void X11Surface::applyShape() const {
+    if (m_system.blending() == Blending::none)
+        m_widget.setMask(m_shape);
+    else
+        m_widget.clearMask();
+    const double ratio = m_widget.devicePixelRatioF();
+    std::vector<xcb_rectangle_t> rectangles;
+    for (const QRect& rectangle : m_shape)
+        rectangles.push_back(deviceRectangle(rectangle, ratio));
+    xcb_shape_rectangles(m_connection.xcb(), XCB_SHAPE_SO_SET, XCB_SHAPE_SK_INPUT, XCB_CLIP_ORDERING_UNSORTED,
+                         window(), 0, 0, static_cast<std::uint32_t>(rectangles.size()), rectangles.data());
+}
+
+void X11Surface::takeFocus() {
+    m_system.rememberFocus();
+    setKeyboard(Keyboard::accepted);
+    changeState(StateChange::remove, "_NET_WM_STATE_BELOW");
+    changeState(StateChange::add, "_NET_WM_STATE_ABOVE");
+    m_widget.raise();
+    m_widget.activateWindow();
+}
+
+void X11Surface::giveFocusBack() {
+    setKeyboard(Keyboard::refused);
+    changeState(StateChange::remove, "_NET_WM_STATE_ABOVE");
+    standBelow();
+    if (m_widget.isActiveWindow())
+        m_system.restoreFocus(window());
+    m_connection.flush();
+}
+
+} // namespace vantel

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "host/surface/X11WindowSystem.h"
+
+#include <QWidget>
+
+namespace vantel {
+
+/// A desktop window on X11, as the running window manager needs it. Types and hints are set before the window
+/// is mapped; states are asked for afterwards, because the toolkit writes that property when it maps.
+class X11Surface final : public Surface {
+public:
+    X11Surface(QWidget& window, X11WindowSystem& system);
+
+    void show(QScreen* screen, QPoint position) override;
+    void move(QPoint position) override;
+    void hide() override;
+    void setCardShape(const QRegion& shape) override;
+    void takeFocus() override;
+    void giveFocusBack() override;
+
+private:
+    enum class Keyboard { refused, accepted };
+    enum class StateChange : std::uint32_t { remove = 0, add = 1 };
+
+    xcb_window_t window() const;
+    void chooseFlags();
+    void announce() const;
+    void standBelow() const;
+    void lower() const;
+    void setKeyboard(Keyboard keyboard) const;
+    void changeState(StateChange change, std::string_view first, std::string_view second = {}) const;
+    void applyShape() const;
+
+    QWidget& m_widget;
+    X11WindowSystem& m_system;
+    const X11Connection& m_connection;
+    WindowMode m_mode = WindowMode::normalBelow;
+    QRegion m_shape;
+};
+
+} // namespace vantel

@@ -1,0 +1,92 @@
+#include "host/surface/X11WindowSystem.h"
+
+#include "host/surface/X11Surface.h"
+
+#include <QCoreApplication>
+#include <array>
+#include <utility>
+
+#include <xcb/xfixes.h>
+
+namespace vantel {
+
+namespace {
+
+constexpr std::uint8_t sentByOthers = 0x80;
+
+/// What the application's own platform asks for too: the masks of one client and window replace each other.
+constexpr std::uint32_t ownerChanges = XCB_XFIXES_SELECTION_EVENT_MASK_SET_SELECTION_OWNER |
+                                       XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_WINDOW_DESTROY |
+                                       XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_CLIENT_CLOSE;
+
+} // namespace
+
+X11WindowSystem::X11WindowSystem(X11Connection connection)
+    : m_connection(connection)
+    , m_checkAtom(connection.atom("_NET_SUPPORTING_WM_CHECK")) {
+    watchCompositor();
+    lookForCompositor();
+    lookForManager();
+    QCoreApplication::instance()->installNativeEventFilter(this);
+}
+
+X11WindowSystem::~X11WindowSystem() = default;
+
+std::unique_ptr<Surface> X11WindowSystem::makeSurface(QWidget& window) {
+    return std::make_unique<X11Surface>(window, *this);
+}
+
+void X11WindowSystem::rememberFocus() {
+    const auto active = m_connection.numbers(m_connection.root(), "_NET_ACTIVE_WINDOW");
+    if (!active.empty() && QWidget::find(active.front()) == nullptr)
+        m_focusBefore = active.front();
+}
+
+void X11WindowSystem::restoreFocus(xcb_window_t from) {
+    constexpr std::uint32_t fromApplication = 1;
+    const xcb_window_t before = std::exchange(m_focusBefore, xcb_window_t{XCB_NONE});
+    const std::array values{fromApplication, std::uint32_t{XCB_CURRENT_TIME}, from, 0U, 0U};
+    if (before != XCB_NONE)
+        m_connection.ask(before, "_NET_ACTIVE_WINDOW", values);
+}
+
+void X11WindowSystem::watchCompositor() {
+    const auto* extension = xcb_get_extension_data(m_connection.xcb(), &xcb_xfixes_id);
+    if (extension == nullptr || extension->present == 0)
+        return;
+    m_selectionEvent = static_cast<std::uint8_t>(extension->first_event + XCB_XFIXES_SELECTION_NOTIFY);
+    xcb_xfixes_select_selection_input(m_connection.xcb(), m_connection.root(),
+                                      m_connection.atom(m_connection.compositorSelection()), ownerChanges);
+}
+
+bool X11WindowSystem::nativeEventFilter(const QByteArray& type, void* message, qintptr*) {
+    if (type != "xcb_generic_event_t")
+        return false;
+    const auto* event = static_cast<const xcb_generic_event_t*>(message);
+    const auto kind = static_cast<std::uint8_t>(event->response_type & ~sentByOthers);
+    if (m_selectionEvent != 0 && kind == m_selectionEvent)
+        lookForCompositor();
+    if (kind != XCB_PROPERTY_NOTIFY)
+        return false;
+    const auto* change = reinterpret_cast<const xcb_property_notify_event_t*>(event);
+    if (change->window == m_connection.root() && change->atom == m_checkAtom)
+        lookForManager();
+    return false;
+}
+
+void X11WindowSystem::lookForCompositor() {
+    const bool isOwned = m_connection.selectionOwner(m_connection.compositorSelection()) != XCB_NONE;
+    const Blending found = isOwned ? Blending::blended : Blending::none;
+    if (std::exchange(m_blending, found) != found)
+        Q_EMIT blendingChanged();
+}
+
+void X11WindowSystem::lookForManager() {
+    WindowManager found = runningWindowManager(m_connection);
+    if (found == m_manager)
+        return;
+    m_manager = std::move(found);
+    Q_EMIT managerChanged();
+}
+
+} // namespace vantel

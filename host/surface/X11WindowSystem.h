@@ -1,0 +1,44 @@
+#pragma once
+
+#include "host/surface/WindowSystem.h"
+#include "host/surface/X11Connection.h"
+
+#include <QAbstractNativeEventFilter>
+
+namespace vantel {
+
+/// Surfaces on X11. Follows the compositor and the window manager as they come and go.
+class X11WindowSystem final : public WindowSystem, private QAbstractNativeEventFilter {
+    Q_OBJECT
+
+public:
+    explicit X11WindowSystem(X11Connection connection);
+    ~X11WindowSystem() override;
+
+    std::unique_ptr<Surface> makeSurface(QWidget& window) override;
+    Blending blending() const override { return m_blending; }
+
+    const X11Connection& connection() const { return m_connection; }
+    const WindowManager& manager() const { return m_manager; }
+
+    /// Remembers which window has the keyboard, unless it is one of this program's.
+    void rememberFocus();
+
+    /// Asks for the keyboard to go from a window of this program to the one that was remembered.
+    void restoreFocus(xcb_window_t from);
+
+private:
+    bool nativeEventFilter(const QByteArray& type, void* message, qintptr* result) override;
+    void watchCompositor();
+    void lookForCompositor();
+    void lookForManager();
+
+    X11Connection m_connection;
+    xcb_atom_t m_checkAtom;
+    std::uint8_t m_selectionEvent = 0; ///< 0 where the server does not tell about selections
+    Blending m_blending = Blending::none;
+    WindowManager m_manager;
+    xcb_window_t m_focusBefore = XCB_NONE;
+};
+
+} // namespace vantel

@@ -1,0 +1,174 @@
+#include "host/desk/Arrangement.h"
+#include "hosting/WidgetBundle.h"
+
+#include <algorithm>
+
+#include <gmock/gmock.h>
+
+namespace vantel {
+
+namespace {
+
+using ::testing::ElementsAre;
+
+constexpr WidgetFamily small = WidgetFamily::systemSmall;
+constexpr WidgetFamily medium = WidgetFamily::systemMedium;
+constexpr WidgetFamily large = WidgetFamily::systemLarge;
+
+using Kinds = std::vector<std::pair<std::string, std::vector<WidgetFamily>>>;
+
+WidgetBundle bundleOf(const Kinds& kinds) {
+    WidgetBundle bundle;
+    for (const auto& [kind, families] : kinds) {
+        StaticConfiguration configuration;
+        configuration.kind = kind;
+        configuration.supportedFamilies = families;
+        bundle.widgets.push_back(configuration);
+    }
+    return bundle;
+}
+
+WidgetBundle fourWidgets() {
+    return bundleOf({{"a", {small, medium}}, {"b", {small, medium}}, {"c", {small}}, {"d", {medium}}});
+}
+
+using Rows = std::vector<std::vector<WantedWidget>>;
+
+TEST(FirstRows, AKindThatIsOnlySmallSharesTheRowOfTheOneBefore) {
+    EXPECT_EQ(firstRows(fourWidgets()),
+              Rows({{{"a", medium}}, {{"b", small}, {"c", small}}, {{"d", medium}}}));
+}
+
+TEST(FirstRows, SmallOnesPairUp) {
+    const Kinds kinds{{"a", {medium}}, {"b", {small}}, {"c", {small}},
+                      {"d", {small}},  {"e", {large}}, {"f", {}}};
+    EXPECT_EQ(firstRows(bundleOf(kinds)),
+              Rows({{{"a", medium}}, {{"b", small}, {"c", small}}, {{"d", small}}, {{"e", large}}}));
+}
+
+std::vector<QRect> cardsOf(const std::vector<WidgetSpot>& spots) {
+    std::vector<QRect> cards;
+    for (const WidgetSpot& spot : spots)
+        cards.push_back(spot.card);
+    return cards;
+}
+
+std::vector<QRect> firstCards(const QRect& area, double scale) {
+    return cardsOf(firstArrangement(firstRows(fourWidgets()), area, scale));
+}
+
+TEST(FirstArrangement, IsOneColumnAtTheTopRightOfASmallLaptop) {
+    EXPECT_THAT(firstCards(QRect(0, 28, 1366, 740), 1),
+                ElementsAre(QRect(978, 52, 364, 170), QRect(978, 246, 170, 170), QRect(1172, 246, 170, 170),
+                            QRect(978, 440, 364, 170)));
+}
+
+TEST(FirstArrangement, GoesOnInAColumnToTheLeftWhereTheScreenEnds) {
+    EXPECT_THAT(firstCards(QRect(0, 0, 1024, 500), 1),
+                ElementsAre(QRect(636, 24, 364, 170), QRect(636, 218, 170, 170), QRect(830, 218, 170, 170),
+                            QRect(248, 24, 364, 170)));
+}
+
+bool keepApart(const std::vector<QRect>& cards, int gap) {
+    for (std::size_t i = 0; i < cards.size(); ++i)
+        for (std::size_t j = 0; j < i; ++j)
+            if (cards[i].adjusted(-gap, -gap, gap, gap).intersects(cards[j]))
+                return false;
+    return true;
+}
+
+TEST(FirstArrangement, KeepsItsDistancesOnEveryUsualScreen) {
+    const QRect areas[] = {{0, 0, 1280, 680},      {0, 28, 1366, 740},    {0, 32, 1920, 1048},
+                           {-2560, 0, 2560, 1400}, {1920, 0, 3840, 2128}, {48, 0, 1032, 1920}};
+    for (const QRect& area : areas)
+        for (const double scale : {1.0, 1.25, 1.5}) {
+            const std::vector<QRect> cards = firstCards(area, scale);
+            const int gap = cardGap(scale);
+            EXPECT_TRUE(keepApart(cards, gap)) << area.width() << " at " << scale;
+            const QRect inside = area.adjusted(gap, gap, -gap, -gap);
+            for (const QRect& card : cards)
+                EXPECT_TRUE(inside.contains(card)) << area.width() << " at " << scale;
+        }
+}
+
+TEST(FirstArrangement, StaysOnAScreenThatIsTooSmallForIt) {
+    const QRect area(0, 0, 400, 300);
+    for (const QRect& card : firstCards(area, 1))
+        EXPECT_TRUE(area.contains(card));
+}
+
+constexpr QSize smallCard(170, 170);
+const QRect desk(0, 0, 1000, 500);
+
+TEST(FreeSpot, OfAnEmptyDeskIsItsTopRight) {
+    EXPECT_EQ(freeSpot(smallCard, {}, desk, 1), QPoint(806, 24));
+}
+
+TEST(FreeSpot, IsBelowTheLastCardOfTheColumn) {
+    EXPECT_EQ(freeSpot(smallCard, {QRect(806, 24, 170, 170)}, desk, 1), QPoint(806, 218));
+}
+
+TEST(FreeSpot, IsLeftOfAFullColumn) {
+    const std::vector<QRect> taken{QRect(806, 24, 170, 170), QRect(806, 218, 170, 170)};
+    EXPECT_EQ(freeSpot(smallCard, taken, desk, 1), QPoint(612, 24));
+}
+
+TEST(FreeSpot, FillsAGap) {
+    const std::vector<QRect> taken{QRect(612, 24, 364, 170), QRect(612, 218, 170, 170)};
+    EXPECT_EQ(freeSpot(smallCard, taken, desk, 1), QPoint(806, 218));
+}
+
+TEST(FreeSpot, OfAFullDeskDoesNotHideAnotherCardWholly) {
+    const std::vector<QRect> taken{desk, QRect(806, 24, 170, 170), QRect(782, 48, 170, 170)};
+    EXPECT_EQ(freeSpot(smallCard, taken, desk, 1), QPoint(758, 72));
+}
+
+TEST(FreeSpot, GrowsItsDistanceWithTheScale) {
+    EXPECT_EQ(freeSpot(QSize(340, 340), {}, desk, 2), QPoint(612, 48));
+}
+
+struct CornerCase {
+    QRect card;
+    CornerMargins expected;
+};
+
+const QRect screen(1920, 100, 1000, 800);
+
+const CornerCase cornerCases[] = {
+    {QRect(1944, 124, 170, 170), {Corner::topLeft, {24, 24}}},
+    {QRect(2720, 130, 170, 170), {Corner::topRight, {30, 30}}},
+    {QRect(1920, 720, 170, 170), {Corner::bottomLeft, {0, 10}}},
+    {QRect(2740, 725, 170, 170), {Corner::bottomRight, {10, 5}}},
+    {QRect(2335, 415, 170, 170), {Corner::topRight, {415, 315}}},
+    {QRect(2334, 416, 170, 170), {Corner::bottomLeft, {414, 314}}},
+};
+
+TEST(CornerMargins, CountFromTheNearestCorner) {
+    for (const auto& [card, expected] : cornerCases)
+        EXPECT_EQ(cornerMargins(card, screen), expected) << card.x();
+}
+
+Placement at(const CornerMargins& place) {
+    return {.corner = place.corner, .margins = place.margins};
+}
+
+TEST(PositionOf, IsWhereTheCornerAndMarginsSay) {
+    for (const auto& [card, place] : cornerCases)
+        EXPECT_EQ(positionOf(at(place), card.size(), screen), card.topLeft()) << card.x();
+}
+
+TEST(PositionOf, KeepsItsCornerWhenTheResolutionChanges) {
+    const Placement placement = at({Corner::bottomRight, {10, 5}});
+    EXPECT_EQ(positionOf(placement, smallCard, QRect(0, 0, 640, 480)), QPoint(460, 305));
+}
+
+TEST(PositionOf, IsOnTheScreenWhateverTheMarginsSay) {
+    const QRect tiny(0, 0, 640, 480);
+    EXPECT_EQ(positionOf(at({Corner::topLeft, {5000, -40}}), smallCard, tiny), QPoint(470, 0));
+    EXPECT_EQ(positionOf(at({Corner::bottomRight, {5000, -40}}), smallCard, tiny), QPoint(0, 310));
+    EXPECT_EQ(positionOf(at({Corner::bottomRight, {0, 0}}), QSize(700, 500), tiny), QPoint(0, 0));
+}
+
+} // namespace
+
+} // namespace vantel
