@@ -1,3 +1,5 @@
+#include "host/app/Display.h"
+#include "host/app/HostApplication.h"
 #include "host/app/PictureTasks.h"
 #include "platform/FormatLocale.h"
 #include "platform/LocalizedFormats.h"
@@ -13,8 +15,23 @@ namespace vantel {
 
 namespace {
 
-bool isPicture(const Options& options) {
-    return options.task == Task::renderCard || options.task == Task::renderGallery;
+HostedWidgets hostedWidgets() {
+    return {VantelWidgetsBundle::body(), [](const std::string& kind, Instant now) {
+                return VantelWidgetsBundle::entry(kind, {now, nullptr});
+            }};
+}
+
+int perform(const Options& options, const Formats& formats) {
+    switch (options.task) {
+    case Task::run:
+        return HostApplication(hostedWidgets(), formats).run();
+    case Task::showGallery:
+        return HostApplication(hostedWidgets(), formats).runWithGallery();
+    case Task::renderCard:
+    case Task::renderGallery:
+        return drawPicture(options, VantelWidgetsBundle::body(), SystemCalendar::current(), formats);
+    }
+    return EXIT_FAILURE;
 }
 
 int main(int count, char** words) {
@@ -24,12 +41,15 @@ int main(int count, char** words) {
         std::fputs(options.error().text.c_str(), options.error().status == 0 ? stdout : stderr);
         return options.error().status;
     }
-    if (isPicture(*options))
-        ::setenv("QT_QPA_PLATFORM", "offscreen", 1);
+    if (const auto problem = chooseDisplay(options->task)) {
+        std::fprintf(stderr, "vantel-widgets: %s\n", problem->c_str());
+        return EXIT_FAILURE;
+    }
+    QApplication::setApplicationName(QStringLiteral("vantel-widgets"));
+    QApplication::setDesktopFileName(QStringLiteral("org.vantel.Widgets"));
     const QApplication application(count, words);
     const LocalizedFormats formats(currentFormatLocale());
-    const WidgetBundle bundle = VantelWidgetsBundle::body();
-    return drawPicture(*options, bundle, SystemCalendar::current(), formats);
+    return perform(*options, formats);
 }
 
 } // namespace

@@ -1,0 +1,36 @@
+#include "host/app/Display.h"
+
+#include <cstdlib>
+
+namespace vantel {
+
+namespace {
+
+bool isSet(const char* variable) {
+    const char* value = std::getenv(variable);
+    return value != nullptr && *value != '\0';
+}
+
+void choose(const char* platform) {
+    ::setenv("QT_QPA_PLATFORM", platform, 1);
+}
+
+} // namespace
+
+std::optional<std::string> chooseDisplay(Task task) {
+    if (task == Task::renderCard || task == Task::renderGallery) {
+        choose("offscreen");
+        return std::nullopt;
+    }
+    if (isSet("QT_QPA_PLATFORM"))
+        return std::nullopt;
+    if (isSet("DISPLAY")) {
+        choose("xcb");
+        return std::nullopt;
+    }
+    if (isSet("WAYLAND_DISPLAY"))
+        return "this Wayland session has no X server (Xwayland) beside it, which the widgets need";
+    return "there is no display here (neither DISPLAY nor WAYLAND_DISPLAY is set)";
+}
+
+} // namespace vantel

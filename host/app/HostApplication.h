@@ -1,0 +1,79 @@
+#pragma once
+
+#include "host/app/CardShelf.h"
+#include "host/bus/DesktopSettings.h"
+#include "host/bus/LinkOpener.h"
+#include "host/bus/WidgetsService.h"
+#include "host/desk/Desk.h"
+#include "host/desk/GalleryWindow.h"
+#include "host/schedule/DayWatch.h"
+#include "host/schedule/IntentRunner.h"
+#include "host/schedule/WakeTimer.h"
+#include "host/schedule/WidgetSchedule.h"
+
+#include <QPointer>
+
+namespace vantel {
+
+/// What the program hosts.
+struct HostedWidgets {
+    WidgetBundle bundle;
+
+    /// What a kind shows that has nothing to show.
+    std::function<TimelineEntry(const std::string& kind, Instant now)> entryWithoutData;
+};
+
+/// The running program: the schedule decides what each widget shows, the desk where it stands, the bus who
+/// may ask for what; this joins them and decides nothing itself. Made after the toolkit's application object.
+class HostApplication final : public QObject {
+    Q_OBJECT
+
+public:
+    HostApplication(HostedWidgets widgets, const Formats& formats);
+    ~HostApplication() override;
+
+    /// Shows the widgets, or asks the program that already runs to come forward. Returns the exit status once
+    /// the program has ended.
+    int run();
+
+    /// The same, and opens the gallery.
+    int runWithGallery();
+
+private:
+    int runUntilEnd();
+    void joinCards();
+    void joinSchedule();
+    void joinDesk();
+    void joinBus();
+    void showView(const WidgetKey& key);
+    void tick();
+    void finish(const IntentOutcome& outcome);
+    void place(const PlacedWidgets& placed);
+    void takePreferences(const DesktopPreferences& preferences);
+    void showGallery();
+    QWidget* makePreview(const StaticConfiguration& widget, WidgetFamily family);
+    void showAbout();
+    void end();
+
+    HostedWidgets m_widgets;
+    const Formats& m_formats;
+    std::shared_ptr<const Clock> m_clock = std::make_shared<SystemClock>();
+    std::shared_ptr<UuidSource> m_identifiers = std::make_shared<SystemUuidSource>();
+    SessionBus m_bus;
+    WidgetsService m_service{m_bus};
+    DesktopSettings m_settings{m_bus};
+    LinkOpener m_links;
+    WakeTimer m_alarm;
+    DayWatch m_days;
+    WidgetSchedule m_schedule;
+    IntentRunner m_intents;
+    CardShelf m_cards;
+    std::unique_ptr<WindowSystem> m_windows = makeWindowSystem();
+    SystemScreens m_screens;
+    PlacementStore m_placements;
+    Desk m_desk;
+    QPointer<GalleryWindow> m_gallery;
+    std::string m_linkKind; ///< of the widget whose link was opened last
+};
+
+} // namespace vantel

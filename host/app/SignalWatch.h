@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QObject>
+
+class QSocketNotifier;
+
+namespace vantel {
+
+/// Turns the system's requests to end the program (SIGTERM, SIGINT, SIGHUP) into a signal of the window
+/// thread. One for the program. Threads that start later inherit the blocked signals.
+class SignalWatch final : public QObject {
+    Q_OBJECT
+
+public:
+    explicit SignalWatch(QObject* parent = nullptr);
+    ~SignalWatch() override;
+
+Q_SIGNALS:
+    void endRequested();
+
+private:
+    void read();
+
+    int m_descriptor;
+    QSocketNotifier* m_notifier = nullptr;
+};
+
+} // namespace vantel
