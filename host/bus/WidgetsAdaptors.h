@@ -1,0 +1,56 @@
+#pragma once
+
+#include "host/bus/WidgetConfiguration.h"
+
+#include <QDBusAbstractAdaptor>
+#include <QStringList>
+#include <QVariantMap>
+
+namespace vantel {
+
+class WidgetsService;
+
+/// The doors of the service, and all that the bus can reach. The bus library checks the types of arguments;
+/// their values are strangers'.
+///
+/// Members of the bus begin with a capital letter. NOLINTBEGIN(readability-identifier-naming)
+
+/// What a desktop calls to start the program, or to bring it forward.
+class ApplicationAdaptor final : public QDBusAbstractAdaptor {
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Application")
+
+public:
+    ApplicationAdaptor(WidgetsService& service, QObject* exported);
+
+public Q_SLOTS:
+    void Activate(const QVariantMap& platformData);
+    void Open(const QStringList& uris, const QVariantMap& platformData); ///< no file is ever opened
+    void ActivateAction(const QString& name, const QVariantList& parameter, const QVariantMap& platformData);
+
+private:
+    WidgetsService& m_service;
+};
+
+/// What companions, scripts and `vantelctl` call.
+class WidgetsAdaptor final : public QDBusAbstractAdaptor {
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.vantel.Widgets1")
+
+public:
+    WidgetsAdaptor(WidgetsService& service, QObject* exported);
+
+public Q_SLOTS:
+    void ReloadTimelines(const QString& kind);
+    void ReloadAllTimelines();
+    QList<vantel::WidgetConfiguration> CurrentConfigurations() const;
+    void ShowGallery();
+    void FocusWidgets();
+
+private:
+    WidgetsService& m_service;
+};
+
+// NOLINTEND(readability-identifier-naming)
+
+} // namespace vantel

@@ -1,0 +1,88 @@
+#include "host/bus/WidgetsService.h"
+
+#include "host/bus/WidgetsAdaptors.h"
+
+#include <QDBusConnectionInterface>
+#include <QDBusMessage>
+#include <QDBusMetaType>
+#include <QDBusReply>
+
+namespace vantel {
+
+namespace {
+
+QString serviceName() {
+    return QString::fromLatin1(WidgetsService::name);
+}
+
+QString objectPath() {
+    return QString::fromLatin1(WidgetsService::path);
+}
+
+QString text(std::string_view utf8) {
+    return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
+}
+
+} // namespace
+
+WidgetsService::WidgetsService(SessionBus& bus, QObject* parent)
+    : QObject(parent)
+    , m_bus(bus) {
+    qDBusRegisterMetaType<WidgetConfiguration>();
+    qDBusRegisterMetaType<WidgetConfigurations>();
+    new ApplicationAdaptor(*this, &m_exported);
+    new WidgetsAdaptor(*this, &m_exported);
+}
+
+WidgetsService::~WidgetsService() {
+    if (m_bus.isConnected())
+        QDBusConnection(m_bus.connection()).unregisterService(serviceName());
+}
+
+WidgetsService::Start WidgetsService::start(const QString& activationToken) {
+    if (!m_bus.isConnected())
+        return Start::noBus;
+    if (!takeName()) {
+        activateOwner(activationToken);
+        return Start::alreadyRunning;
+    }
+    connect(&m_bus, &SessionBus::reconnected, this, &WidgetsService::takeNameAgain);
+    return Start::owned;
+}
+
+void WidgetsService::setConfigurations(const std::vector<WidgetKey>& placed) {
+    m_configurations.clear();
+    for (const WidgetKey& key : placed)
+        m_configurations.append({text(key.kind), text(vantel::name(key.family))});
+}
+
+bool WidgetsService::takeName() {
+    QDBusConnection connection = m_bus.connection();
+    QDBusConnectionInterface* bus = connection.interface();
+    if (bus == nullptr)
+        return false;
+    connection.registerObject(objectPath(), &m_exported, QDBusConnection::ExportAdaptors);
+    const QDBusReply<QDBusConnectionInterface::RegisterServiceReply> reply =
+        bus->registerService(serviceName(), QDBusConnectionInterface::DontQueueService,
+                             QDBusConnectionInterface::DontAllowReplacement);
+    return reply.isValid() && reply.value() == QDBusConnectionInterface::ServiceRegistered;
+}
+
+void WidgetsService::takeNameAgain() {
+    if (!takeName())
+        qWarning("%s belongs to another process since the bus is back", name);
+}
+
+void WidgetsService::activateOwner(const QString& activationToken) {
+    constexpr int patience = 2000; // milliseconds
+    QDBusMessage call = QDBusMessage::createMethodCall(serviceName(), objectPath(),
+                                                       QStringLiteral("org.freedesktop.Application"),
+                                                       QStringLiteral("Activate"));
+    QVariantMap platformData;
+    if (!activationToken.isEmpty())
+        platformData.insert(QStringLiteral("activation-token"), activationToken);
+    call << platformData;
+    m_bus.connection().call(call, QDBus::Block, patience);
+}
+
+} // namespace vantel

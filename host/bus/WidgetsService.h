@@ -1,0 +1,65 @@
+#pragma once
+
+#include "host/bus/SessionBus.h"
+#include "host/bus/WidgetConfiguration.h"
+#include "host/schedule/WidgetKey.h"
+
+#include <QObject>
+#include <string>
+#include <vector>
+
+namespace vantel {
+
+/// The program on the session bus: owns the name `org.vantel.Widgets`, and says by signals what is asked of
+/// it. Callers are answered at once, before anything has come of their call.
+class WidgetsService final : public QObject {
+    Q_OBJECT
+
+public:
+    static constexpr const char* name = "org.vantel.Widgets";
+    static constexpr const char* path = "/org/vantel/Widgets";
+
+    enum class Start {
+        owned,
+        alreadyRunning, ///< another process has the name; it was asked to come forward: leave with 0
+        noBus           ///< go on without
+    };
+
+    /// `bus` lives longer than the service.
+    explicit WidgetsService(SessionBus& bus, QObject* parent = nullptr);
+    ~WidgetsService() override;
+
+    /// Takes the name, once. Later on it is taken again whenever the bus has come back; where another process
+    /// was faster, this one goes on without it. `activationToken` is the desktop's permission to come forward
+    /// (`XDG_ACTIVATION_TOKEN`), which is passed on to the running process.
+    Start start(const QString& activationToken = {});
+
+    /// What `CurrentConfigurations` answers, in this order; a key may stand for several widgets and then
+    /// comes several times.
+    void setConfigurations(const std::vector<WidgetKey>& placed);
+    const WidgetConfigurations& configurations() const { return m_configurations; }
+
+Q_SIGNALS:
+    /// Somebody started the program again. The token may be empty.
+    void activated(const QString& activationToken);
+
+    /// An action of the desktop entry; any text may come.
+    void actionRequested(const QString& action);
+
+    /// Any text may come as a kind, and any number of calls.
+    void reloadRequested(const std::string& kind);
+    void reloadAllRequested();
+    void galleryRequested();
+    void focusRequested();
+
+private:
+    bool takeName();
+    void takeNameAgain();
+    void activateOwner(const QString& activationToken);
+
+    SessionBus& m_bus;
+    QObject m_exported; ///< what the bus sees: the adaptors, which are its children
+    WidgetConfigurations m_configurations;
+};
+
+} // namespace vantel
