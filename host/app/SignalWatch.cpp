@@ -2,47 +2,52 @@
 
 #include <QSocketNotifier>
 #include <csignal>
+#include <cstdint>
 
-#include <sys/signalfd.h>
+#include <sys/eventfd.h>
 #include <unistd.h>
 
 namespace vantel {
 
 namespace {
 
-sigset_t endSignals() {
-    sigset_t signals;
-    sigemptyset(&signals);
-    for (const int number : {SIGTERM, SIGINT, SIGHUP})
-        sigaddset(&signals, number);
-    return signals;
+/// A handler may reach nothing but this. Blocked signals would be simpler, but programs that are started from
+/// here would inherit them.
+volatile std::sig_atomic_t descriptorForHandler = -1;
+
+void handle(int) {
+    const std::uint64_t one = 1;
+    [[maybe_unused]] const auto written = ::write(descriptorForHandler, &one, sizeof one);
 }
 
-int openSignals() {
-    const sigset_t signals = endSignals();
-    ::pthread_sigmask(SIG_BLOCK, &signals, nullptr);
-    return ::signalfd(-1, &signals, SFD_CLOEXEC | SFD_NONBLOCK);
+void handleEndSignals(void (*handler)(int)) {
+    for (const int number : {SIGTERM, SIGINT, SIGHUP})
+        std::signal(number, handler);
 }
 
 } // namespace
 
 SignalWatch::SignalWatch(QObject* parent)
     : QObject(parent)
-    , m_descriptor(openSignals()) {
+    , m_descriptor(::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)) {
     if (m_descriptor < 0)
         return;
     m_notifier = new QSocketNotifier(m_descriptor, QSocketNotifier::Read, this);
     connect(m_notifier, &QSocketNotifier::activated, this, &SignalWatch::read);
+    descriptorForHandler = m_descriptor;
+    handleEndSignals(handle);
 }
 
 SignalWatch::~SignalWatch() {
-    if (m_descriptor >= 0)
-        ::close(m_descriptor);
+    if (m_descriptor < 0)
+        return;
+    handleEndSignals(SIG_DFL);
+    ::close(m_descriptor);
 }
 
 void SignalWatch::read() {
-    signalfd_siginfo signal{};
-    if (::read(m_descriptor, &signal, sizeof signal) > 0)
+    std::uint64_t count = 0;
+    if (::read(m_descriptor, &count, sizeof count) > 0)
         Q_EMIT endRequested();
 }
 

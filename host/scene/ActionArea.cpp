@@ -1,5 +1,7 @@
 #include "host/scene/ActionArea.h"
 
+#include "host/scene/FocusRing.h"
+
 #include <QKeyEvent>
 #include <QPainter>
 
@@ -7,7 +9,6 @@ namespace vantel::scene {
 
 namespace {
 
-constexpr double ringWidth = 2;
 constexpr double ringRadius = 7;
 
 } // namespace
@@ -21,13 +22,15 @@ ActionArea::ActionArea(const Target& target, QWidget* card)
 }
 
 void ActionArea::paintEvent(QPaintEvent*) {
-    if (!hasFocus())
+    if (!hasFocus() || !m_hasRing)
         return;
     QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(palette().color(QPalette::Highlight), ringWidth));
-    const double inset = ringWidth / 2;
-    painter.drawRoundedRect(QRectF(rect()).adjusted(inset, inset, -inset, -inset), ringRadius, ringRadius);
+    drawFocusRing(painter, *this, ringRadius);
+}
+
+void ActionArea::focusInEvent(QFocusEvent* event) {
+    m_hasRing = isKeyboardFocus(event->reason());
+    QAbstractButton::focusInEvent(event);
 }
 
 /// Space presses buttons; people expect the same of the Enter keys.

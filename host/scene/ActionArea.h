@@ -19,9 +19,11 @@ public:
 protected:
     void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
 
 private:
     Target m_target;
+    bool m_hasRing = false;
 };
 
 } // namespace vantel::scene

@@ -2,6 +2,7 @@
 
 #include "host/scene/ActionArea.h"
 #include "host/scene/Countdown.h"
+#include "host/scene/FocusRing.h"
 #include "host/scene/Notice.h"
 #include "host/scene/ScenePainter.h"
 #include "host/scene/SpokenText.h"
@@ -38,6 +39,7 @@ struct CardWidget::Private {
     Instant laidOutAt{};
     scene::Scene scene;
     scene::PaintState state;
+    bool hasRing = false;
 };
 
 CardWidget::CardWidget(const Formats& formats, QWidget* parent)
@@ -132,8 +134,8 @@ void CardWidget::paintEvent(QPaintEvent*) {
         painter.drawPixmap(0, 0, m_private->before);
         painter.setOpacity(1);
     }
-    if (hasFocus())
-        drawFocusRing(painter);
+    if (m_private->hasRing)
+        scene::drawFocusRing(painter, *this, cardCornerRadius * m_private->look.scale);
 }
 
 void CardWidget::mouseReleaseEvent(QMouseEvent* event) {
@@ -146,6 +148,16 @@ void CardWidget::keyPressEvent(QKeyEvent* event) {
         openOwnLink();
     else
         QWidget::keyPressEvent(event);
+}
+
+void CardWidget::focusInEvent(QFocusEvent* event) {
+    m_private->hasRing = scene::isKeyboardFocus(event->reason());
+    update();
+}
+
+void CardWidget::focusOutEvent(QFocusEvent*) {
+    m_private->hasRing = false;
+    update();
 }
 
 void CardWidget::layOut() {
@@ -182,15 +194,6 @@ void CardWidget::activate(const scene::Target& target) {
 void CardWidget::openOwnLink() {
     if (m_private->view && m_private->view->content.widgetURL)
         Q_EMIT linkActivated(*m_private->view->content.widgetURL);
-}
-
-void CardWidget::drawFocusRing(QPainter& painter) const {
-    constexpr double width = 2;
-    const double radius = (cardCornerRadius - width / 2) * m_private->look.scale;
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(palette().color(QPalette::Highlight), width));
-    painter.setBrush(Qt::NoBrush);
-    painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), radius, radius);
 }
 
 } // namespace vantel

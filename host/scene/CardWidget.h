@@ -52,13 +52,14 @@ protected:
     void paintEvent(QPaintEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
 
 private:
     void layOut();
     void startFade();
     void activate(const scene::Target& target);
     void openOwnLink();
-    void drawFocusRing(QPainter& painter) const;
 
     struct Private;
     std::unique_ptr<Private> m_private;

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <QWidget>
+
+namespace vantel::scene {
+
+/// Whether the focus came by keys. The ring is for people who walk with them; after a click it would only be a
+/// frame around what was clicked.
+bool isKeyboardFocus(Qt::FocusReason reason);
+
+/// Draws the ring just inside the edges of a widget, with corners of that radius in logical pixels.
+void drawFocusRing(QPainter& painter, const QWidget& widget, double radius);
+
+} // namespace vantel::scene
