@@ -1,0 +1,83 @@
+#include "host/bus/DesktopSettings.h"
+
+#include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
+#include <QEvent>
+#include <QGuiApplication>
+#include <QPalette>
+
+namespace vantel {
+
+namespace {
+
+const QString portal = u"org.freedesktop.portal.Desktop"_qs;
+const QString portalPath = u"/org/freedesktop/portal/desktop"_qs;
+const QString settings = u"org.freedesktop.portal.Settings"_qs;
+const QString readOne = u"ReadOne"_qs;
+const QString readWrapped = u"Read"_qs; // of portals before 1.17.1; wraps the value once more
+
+bool isPaletteDark() {
+    constexpr int half = 128;
+    return QGuiApplication::palette().color(QPalette::Window).lightness() < half;
+}
+
+} // namespace
+
+DesktopSettings::DesktopSettings(SessionBus& bus, QObject* parent)
+    : QObject(parent)
+    , m_bus(bus)
+    , m_preferences(vantel::preferences({}, isPaletteDark())) {
+    QCoreApplication::instance()->installEventFilter(this);
+    connect(&m_bus, &SessionBus::reconnected, this, &DesktopSettings::askForAll);
+    askForAll();
+}
+
+bool DesktopSettings::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::ApplicationPaletteChange && watched == QCoreApplication::instance())
+        update();
+    return false;
+}
+
+void DesktopSettings::askForAll() {
+    if (!m_bus.isConnected())
+        return;
+    QDBusConnection(m_bus.connection())
+        .connect(portal, portalPath, settings, u"SettingChanged"_qs, this,
+                 SLOT(takeChange(QString, QString, QDBusVariant)));
+    for (const SettingName& name : portalSettings())
+        ask(name, readOne);
+}
+
+void DesktopSettings::ask(const SettingName& name, const QString& method) {
+    QDBusMessage call = QDBusMessage::createMethodCall(portal, portalPath, settings, method);
+    call << name.space << name.key;
+    auto* watcher = new QDBusPendingCallWatcher(m_bus.connection().asyncCall(call), this);
+    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, name, method, watcher] {
+        watcher->deleteLater();
+        takeReply(name, method, watcher->reply());
+    });
+}
+
+void DesktopSettings::takeReply(const SettingName& name, const QString& method, const QDBusMessage& reply) {
+    if (reply.type() == QDBusMessage::ReplyMessage && reply.arguments().size() == 1) {
+        m_readings.take(name, reply.arguments().first());
+        update();
+    } else if (method == readOne && reply.errorName() == u"org.freedesktop.DBus.Error.UnknownMethod"_qs) {
+        ask(name, readWrapped);
+    }
+}
+
+void DesktopSettings::takeChange(const QString& space, const QString& key, const QDBusVariant& value) {
+    m_readings.take({space, key}, value.variant());
+    update();
+}
+
+void DesktopSettings::update() {
+    const DesktopPreferences now = vantel::preferences(m_readings, isPaletteDark());
+    if (now == m_preferences)
+        return;
+    m_preferences = now;
+    Q_EMIT changed(m_preferences);
+}
+
+} // namespace vantel

@@ -1,0 +1,101 @@
+#include "host/bus/LinkOpener.h"
+
+#include "core/WidgetShared.h"
+#include "host/bus/SchemeHandlers.h"
+#include "widgets/TextKey.h"
+
+#include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
+#include <QFile>
+#include <QProcess>
+#include <QStandardPaths>
+#include <utility>
+
+namespace vantel {
+
+namespace {
+
+constexpr int portalPatience = 10'000; // milliseconds
+
+QString ownScheme() {
+    return QString::fromLatin1(WidgetShared::urlScheme.data(), WidgetShared::urlScheme.size());
+}
+
+bool isSandboxed() {
+    return QFile::exists(u"/.flatpak-info"_qs);
+}
+
+bool startsDetached(const QString& program, const QStringList& arguments) {
+    const QString path = QStandardPaths::findExecutable(program);
+    if (path.isEmpty())
+        return false;
+    QProcess process;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.remove(u"QT_WAYLAND_USE_BYPASSWINDOWMANAGERHINT"_qs); // meant for this program's own windows
+    process.setProcessEnvironment(environment);
+    process.setProgram(path);
+    process.setArguments(arguments);
+    return process.startDetached();
+}
+
+} // namespace
+
+bool isOwnLink(const Url& url) {
+    return url.text.starts_with(std::string(WidgetShared::urlScheme) + ":");
+}
+
+LinkDoors LinkDoors::ofTheDesktop() {
+    return {[] { return isSandboxed() || hasSchemeHandler(ownScheme(), ApplicationFolders::current()); },
+            startsDetached};
+}
+
+LinkOpener::LinkOpener(SessionBus& bus, const Formats& formats, LinkDoors doors, QObject* parent)
+    : QObject(parent)
+    , m_bus(bus)
+    , m_formats(formats)
+    , m_doors(std::move(doors)) {}
+
+void LinkOpener::open(const Url& url) {
+    if (!isOwnLink(url))
+        return fail(textKey("This link leads somewhere else and was not opened."));
+    if (!m_doors.hasHandler())
+        return fail(textKey("No application is installed that opens this."));
+    const QString text = QString::fromStdString(url.text);
+    if (m_bus.isConnected())
+        askPortal(text);
+    else
+        startOpener(text);
+}
+
+void LinkOpener::askPortal(const QString& url) {
+    QDBusMessage call = QDBusMessage::createMethodCall(u"org.freedesktop.portal.Desktop"_qs,
+                                                       u"/org/freedesktop/portal/desktop"_qs,
+                                                       u"org.freedesktop.portal.OpenURI"_qs, u"OpenURI"_qs);
+    call << QString() << url << QVariantMap();
+    auto* watcher = new QDBusPendingCallWatcher(m_bus.connection().asyncCall(call, portalPatience), this);
+    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, url, watcher] {
+        watcher->deleteLater();
+        takeReply(url, watcher->reply());
+    });
+}
+
+/// A portal that is silent for long may still open the link: nothing else is tried then.
+void LinkOpener::takeReply(const QString& url, const QDBusMessage& reply) {
+    if (reply.type() != QDBusMessage::ErrorMessage)
+        return;
+    if (reply.errorName() == u"org.freedesktop.DBus.Error.NoReply"_qs)
+        fail(textKey("The desktop did not answer."));
+    else
+        startOpener(url);
+}
+
+void LinkOpener::startOpener(const QString& url) {
+    if (!m_doors.startDetached(u"xdg-open"_qs, {url}))
+        fail(textKey("The desktop offers no way to open links."));
+}
+
+void LinkOpener::fail(const char* sentenceKey) {
+    Q_EMIT failed(QString::fromStdString(m_formats.translated(sentenceKey)));
+}
+
+} // namespace vantel

@@ -1,0 +1,122 @@
+#include "host/bus/LinkOpener.h"
+#include "tests/fakes/FakeFormats.h"
+#include "tests/host/bus/MockPortal.h"
+#include "tests/host/schedule/WindowThread.h"
+
+#include <QFile>
+
+#include <gtest/gtest.h>
+
+namespace vantel {
+namespace {
+
+using namespace testing;
+
+const Url task{"vantel://task?id=a%26b"};
+
+class LinkOpenerTest : public ::testing::Test {
+protected:
+    LinkOpener& opener(SessionBus& bus) {
+        made.emplace(bus, formats,
+                     LinkDoors{[this] { return hasHandler; },
+                               [this](const QString& program, const QStringList& arguments) {
+                                   started.append((QStringList{program} + arguments).join(u'|'));
+                                   return canStart;
+                               }});
+        QObject::connect(&*made, &LinkOpener::failed, [this](const QString& each) { failures.append(each); });
+        return *made;
+    }
+
+    PlainFormats formats;
+    SessionBus noBus{QString()};
+    std::optional<LinkOpener> made;
+    bool hasHandler = true;
+    bool canStart = true;
+    QStringList started;
+    QStringList failures;
+};
+
+class LinkOpenerOnABusTest : public LinkOpenerTest {
+protected:
+    PrivateBus privateBus;
+    SessionBus bus{privateBus.address()};
+};
+
+TEST_F(LinkOpenerOnABusTest, ThePortalOpensTheLink) {
+    MockPortal portal(privateBus);
+    opener(bus).open(task);
+    ASSERT_TRUE(waitUntil([&portal] { return !portal.calls.isEmpty(); }));
+    EXPECT_EQ(portal.calls, QStringList{u"OpenURI vantel://task?id=a%26b"_qs});
+    serveEvents();
+    EXPECT_TRUE(started.isEmpty());
+    EXPECT_TRUE(failures.isEmpty());
+}
+
+TEST_F(LinkOpenerOnABusTest, APortalThatCannotOrIsNotThereLeavesItToXdgOpen) {
+    opener(bus).open(task);
+    ASSERT_TRUE(waitUntil([this] { return started.size() == 1; }));
+    MockPortal portal(privateBus);
+    portal.answersLinks = false;
+    made->open(task);
+    ASSERT_TRUE(waitUntil([this] { return started.size() == 2; }));
+    EXPECT_EQ(started.last(), u"xdg-open|vantel://task?id=a%26b"_qs);
+    EXPECT_TRUE(failures.isEmpty());
+}
+
+TEST_F(LinkOpenerTest, WithoutABusXdgOpenGetsTheLinkAsOneArgument) {
+    opener(noBus).open(task);
+    EXPECT_EQ(started, QStringList{u"xdg-open|vantel://task?id=a%26b"_qs});
+}
+
+TEST_F(LinkOpenerTest, OnlyLinksOfThisSystemLeaveIt) {
+    LinkOpener& links = opener(noBus);
+    for (const char* other : {"https://example.org", "file:///etc/passwd", "vantelx://task", "VANTEL2:x",
+                              "vantel", "", "javascript:vantel://", " vantel://task"}) {
+        failures.clear();
+        links.open(Url{other});
+        EXPECT_EQ(failures, QStringList{u"This link leads somewhere else and was not opened."_qs}) << other;
+    }
+    EXPECT_TRUE(started.isEmpty());
+}
+
+TEST_F(LinkOpenerTest, WithoutAnApplicationNothingIsStartedAndASentenceSaysWhy) {
+    hasHandler = false;
+    opener(noBus).open(task);
+    EXPECT_EQ(failures, QStringList{u"No application is installed that opens this."_qs});
+    EXPECT_TRUE(started.isEmpty());
+}
+
+TEST_F(LinkOpenerTest, ADesktopWithoutXdgOpenIsSaidInASentence) {
+    canStart = false;
+    opener(noBus).open(task);
+    EXPECT_EQ(failures, QStringList{u"The desktop offers no way to open links."_qs});
+}
+
+/// What a program of a scratch folder wrote down when it was started.
+QString recorded(const ScratchFolder& folder) {
+    QFile file(QString::fromStdString(folder / "record"));
+    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+}
+
+TEST(LinkDoors, StartAProgramWithItsArgumentsAsTheyStandAndWithoutPrivateVariables) {
+    const ScratchFolder folder;
+    const ScopedEnvironment path("PATH", folder.path().string() + ":/usr/bin:/bin");
+    const ScopedEnvironment record("RECORD", (folder / "record").string());
+    const ScopedEnvironment bypass("QT_WAYLAND_USE_BYPASSWINDOWMANAGERHINT", "1");
+    QFile script(QString::fromStdString(folder / "xdg-open"));
+    ASSERT_TRUE(script.open(QIODevice::WriteOnly));
+    script.write(
+        "#!/bin/sh\n"
+        "printf '%s|' \"$#\" \"$1\" \"${QT_WAYLAND_USE_BYPASSWINDOWMANAGERHINT-unset}\" >\"$RECORD.new\"\n"
+        "mv \"$RECORD.new\" \"$RECORD\"\n");
+    script.setPermissions(QFile::ReadOwner | QFile::ExeOwner);
+    script.close();
+    const QString hostile = u"vantel://task?id=$(touch x);`id`&'\"*"_qs;
+    ASSERT_TRUE(LinkDoors::ofTheDesktop().startDetached(u"xdg-open"_qs, {hostile}));
+    ASSERT_TRUE(waitUntil([&folder] { return !recorded(folder).isEmpty(); }));
+    EXPECT_EQ(recorded(folder), u"1|"_qs + hostile + u"|unset|"_qs);
+    EXPECT_FALSE(LinkDoors::ofTheDesktop().startDetached(u"no-such-opener"_qs, {hostile}));
+}
+
+} // namespace
+} // namespace vantel

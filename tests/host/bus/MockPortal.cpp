@@ -1,0 +1,69 @@
+#include "tests/host/bus/MockPortal.h"
+
+#include <QDBusObjectPath>
+#include <QDBusVariant>
+
+namespace vantel::testing {
+
+namespace {
+
+const QString portalPath = u"/org/freedesktop/portal/desktop"_qs;
+const QString unknownMethod = u"org.freedesktop.DBus.Error.UnknownMethod"_qs;
+
+QString wordsOf(const QDBusMessage& message) {
+    QStringList words{message.member()};
+    for (const QVariant& argument : message.arguments())
+        if (argument.typeId() == QMetaType::QString && !argument.toString().isEmpty())
+            words.append(argument.toString());
+    return words.join(u' ');
+}
+
+QVariant wrapped(const QVariant& value) {
+    return QVariant::fromValue(QDBusVariant(value));
+}
+
+} // namespace
+
+MockPortal::MockPortal(const PrivateBus& bus)
+    : m_peer(bus) {
+    m_peer.connection.registerVirtualObject(portalPath, this);
+    m_peer.connection.registerService(u"org.freedesktop.portal.Desktop"_qs);
+}
+
+MockPortal::~MockPortal() = default;
+
+void MockPortal::change(const QString& space, const QString& key, const QVariant& value) {
+    sendChange({space, key, wrapped(value)});
+}
+
+void MockPortal::sendChange(const QVariantList& arguments) {
+    QDBusMessage signal =
+        QDBusMessage::createSignal(portalPath, u"org.freedesktop.portal.Settings"_qs, u"SettingChanged"_qs);
+    signal.setArguments(arguments);
+    m_peer.connection.send(signal);
+}
+
+bool MockPortal::handleMessage(const QDBusMessage& message, const QDBusConnection& connection) {
+    calls.append(wordsOf(message));
+    connection.send(answer(message));
+    return true;
+}
+
+QDBusMessage MockPortal::answer(const QDBusMessage& message) const {
+    const QString member = message.member();
+    if (member == u"OpenURI"_qs && answersLinks)
+        return message.createReply(QVariant::fromValue(QDBusObjectPath(u"/request/1"_qs)));
+    if (member == u"Read"_qs || (member == u"ReadOne"_qs && hasReadOne))
+        return setting(message);
+    return message.createErrorReply(unknownMethod, u"no such method"_qs);
+}
+
+QDBusMessage MockPortal::setting(const QDBusMessage& message) const {
+    const auto found = settings.find(wordsOf(message).section(u' ', 1));
+    if (found == settings.end())
+        return message.createErrorReply(u"org.freedesktop.portal.Error.NotFound"_qs, u"no such setting"_qs);
+    const QVariant once = wrapped(*found);
+    return message.createReply(message.member() == u"Read"_qs ? wrapped(once) : once);
+}
+
+} // namespace vantel::testing

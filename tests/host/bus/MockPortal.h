@@ -1,0 +1,39 @@
+#pragma once
+
+#include "tests/host/bus/PrivateBus.h"
+
+#include <QDBusVirtualObject>
+#include <QMap>
+#include <QStringList>
+
+namespace vantel::testing {
+
+/// A desktop portal that answers as a test wants. Calls are answered while the test serves events.
+class MockPortal final : public QDBusVirtualObject {
+public:
+    explicit MockPortal(const PrivateBus& bus);
+    ~MockPortal() override;
+
+    /// The settings by "namespace key". One that is missing is answered as not found.
+    QMap<QString, QVariant> settings;
+    bool hasReadOne = true;
+    bool answersLinks = true;
+    QStringList calls; ///< "ReadOne namespace key", "OpenURI url", in their order
+
+    /// Tells everybody of a setting.
+    void change(const QString& space, const QString& key, const QVariant& value);
+
+    /// Sends a SettingChanged signal with any arguments.
+    void sendChange(const QVariantList& arguments);
+
+    bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override;
+    QString introspect(const QString&) const override { return {}; }
+
+private:
+    QDBusMessage answer(const QDBusMessage& message) const;
+    QDBusMessage setting(const QDBusMessage& message) const;
+
+    BusPeer m_peer;
+};
+
+} // namespace vantel::testing

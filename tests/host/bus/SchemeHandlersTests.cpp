@@ -1,0 +1,83 @@
+#include "host/bus/SchemeHandlers.h"
+#include "tests/fakes/ScratchFolder.h"
+
+#include <fstream>
+
+#include <gtest/gtest.h>
+
+namespace vantel {
+namespace {
+
+using namespace testing;
+
+class SchemeHandlersTest : public ::testing::Test {
+protected:
+    SchemeHandlersTest() {
+        install("halvo.desktop");
+        install("kde/halvo.desktop");
+    }
+
+    void install(const std::string& entry) const { write("data/applications/" + entry, "[Desktop Entry]\n"); }
+
+    void write(const std::string& name, const std::string& text) const {
+        const std::filesystem::path path = folder / name;
+        std::filesystem::create_directories(path.parent_path());
+        std::ofstream(path) << text;
+    }
+
+    bool isHandled() const { return hasSchemeHandler(u"vantel"_qs, folders); }
+
+    ScratchFolder folder;
+    ScopedEnvironment desktop{"XDG_CURRENT_DESKTOP", "Vivid:GNOME"};
+    ApplicationFolders folders{
+        {QString::fromStdString(folder / "config")},
+        {QString::fromStdString(folder / "other"), QString::fromStdString(folder / "data")}};
+};
+
+TEST_F(SchemeHandlersTest, WithoutAnyListNothingHandles) {
+    EXPECT_FALSE(isHandled());
+    EXPECT_FALSE(hasSchemeHandler(u"vantel"_qs, {}));
+}
+
+TEST_F(SchemeHandlersTest, AnyListThatNamesAnInstalledEntryCounts) {
+    for (const std::string name :
+         {"config/mimeapps.list", "config/gnome-mimeapps.list", "config/vivid-mimeapps.list",
+          "data/applications/mimeapps.list", "other/applications/mimeinfo.cache"}) {
+        write(name, "[Default Applications]\ntext/html=a.desktop\nx-scheme-handler/vantel=halvo.desktop;\n");
+        EXPECT_TRUE(isHandled()) << name;
+        std::filesystem::remove(folder / name);
+    }
+    write("config/kde-mimeapps.list", "x-scheme-handler/vantel=halvo.desktop\n");
+    EXPECT_FALSE(isHandled());
+}
+
+TEST_F(SchemeHandlersTest, LinesAreReadAsTheyStand) {
+    struct Row {
+        std::string line;
+        bool isHandled;
+    };
+    for (const Row& row : std::vector<Row>{{"x-scheme-handler/vantel=halvo.desktop", true},
+                                           {"x-scheme-handler/vantel=halvo.desktop;\r", true},
+                                           {"x-scheme-handler/vantel=gone.desktop;halvo.desktop;", true},
+                                           {"x-scheme-handler/vantel=kde-halvo.desktop", true},
+                                           {"x-scheme-handler/vantel=gone.desktop", false},
+                                           {"x-scheme-handler/vantel=", false},
+                                           {"x-scheme-handler/vantel=;;", false},
+                                           {"x-scheme-handler/vantel", false},
+                                           {"x-scheme-handler/vantel2=halvo.desktop", false},
+                                           {"x-scheme-handler/van=halvo.desktop", false},
+                                           {"#x-scheme-handler/vantel=halvo.desktop", false},
+                                           {"x-scheme-handler/vantel=../applications/halvo.desktop", false},
+                                           {"x-scheme-handler/vantel=halvo", false}}) {
+        write("config/mimeapps.list", "[Default Applications]\n" + row.line);
+        EXPECT_EQ(isHandled(), row.isHandled) << row.line;
+    }
+}
+
+TEST_F(SchemeHandlersTest, AnAssociationThatIsTakenAwayIsNone) {
+    write("config/mimeapps.list", "[Removed Associations]\nx-scheme-handler/vantel=halvo.desktop\n");
+    EXPECT_FALSE(isHandled());
+}
+
+} // namespace
+} // namespace vantel
