@@ -115,6 +115,7 @@ states() {
     waits_for has "$card" "$1" "$2" || fail "$1 lacks $2: $(xprop -id "$card" "$1")"
 }
 
+card='' normal='' card_input='' normal_input=''
 red='#FF0000' blue='#0000FF' green='#00FF00'
 
 [ "$manager" = i3 ] || {

@@ -1,0 +1,213 @@
+#include "host/desk/GalleryWindow.h"
+
+#include "host/desk/Arrangement.h"
+#include "host/desk/GalleryTile.h"
+#include "host/scene/Look.h"
+#include "host/surface/CardShadow.h"
+#include "host/surface/WidgetMenu.h"
+
+#include <QEvent>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QScreen>
+#include <QScrollArea>
+#include <cmath>
+
+namespace vantel {
+
+namespace {
+
+constexpr double edgePoints = 40;
+constexpr double sectionGap = 36;
+constexpr float quietOpacity = 0.66F;
+constexpr double largestShareOfScreen = 0.85;
+
+/// The sheet on which the tiles lie, with a shadow under each card.
+class GallerySheet final : public QWidget {
+public:
+    explicit GallerySheet(double scale)
+        : m_scale(scale) {}
+
+protected:
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        for (const auto* tile : findChildren<const GalleryTile*>())
+            drawCardShadow(painter, tile->card().translated(tile->mapTo(this, QPoint())), m_scale);
+    }
+
+private:
+    double m_scale;
+};
+
+/// The width that the section of a widget takes: its cards beside each other.
+double widthOf(const StaticConfiguration& configuration, double scale) {
+    double width = 0;
+    for (const WidgetFamily family : configuration.supportedFamilies)
+        width += cardSize(family, scale).width() + (width > 0 ? cardGap(scale) : 0);
+    return width;
+}
+
+/// A small card and a medium one.
+double rowWidth(double scale) {
+    return cardSize(WidgetFamily::systemSmall, scale).width() + cardGap(scale) +
+           cardSize(WidgetFamily::systemMedium, scale).width();
+}
+
+} // namespace
+
+GalleryWindow::GalleryWindow(const WidgetBundle& bundle, const Formats& formats,
+                             const MakePreview& makePreview, double scale, QWidget* parent)
+    : QWidget(parent, Qt::Window)
+    , m_formats(formats)
+    , m_scale(scale)
+    , m_content(new GallerySheet(scale)) {
+    setWindowTitle(QString::fromStdString(formats.translated("Add widgets")));
+    auto* page = new QVBoxLayout(m_content);
+    page->setContentsMargins(points(edgePoints), points(edgePoints - 8), points(edgePoints),
+                             points(edgePoints));
+    page->setSpacing(points(sectionGap));
+    page->addLayout(makeHead());
+    page->addLayout(makeSections(bundle, makePreview));
+    page->addStretch();
+
+    auto* scroll = new QScrollArea;
+    scroll->setFrameShape(QFrame::NoFrame);
+    scroll->setWidgetResizable(true);
+    scroll->setFocusPolicy(Qt::NoFocus);
+    scroll->setWidget(m_content);
+    auto* all = new QVBoxLayout(this);
+    all->setContentsMargins(0, 0, 0, 0);
+    all->addWidget(scroll);
+    quieten();
+}
+
+QString GalleryWindow::translated(const std::string& key) const {
+    return QString::fromStdString(m_formats.translated(key.c_str()));
+}
+
+int GalleryWindow::points(double length) const {
+    return static_cast<int>(std::lround(length * m_scale));
+}
+
+QLayout* GalleryWindow::makeHead() {
+    auto* head = new QVBoxLayout;
+    head->setSpacing(points(4));
+    head->addWidget(makeText(windowTitle(), 22, QFont::Bold));
+    m_hint = makeQuietText(
+        QString::fromStdString(m_formats.translated("Choose one to put it on the desktop.")), 13);
+    head->addWidget(m_hint);
+    return head;
+}
+
+QVBoxLayout* GalleryWindow::makeSections(const WidgetBundle& bundle, const MakePreview& makePreview) {
+    auto* sections = new QVBoxLayout;
+    sections->setSpacing(points(sectionGap));
+    QHBoxLayout* row = nullptr;
+    double used = 0;
+    for (const StaticConfiguration& configuration : bundle.widgets) {
+        const double width = widthOf(configuration, m_scale);
+        used += width + cardGap(m_scale);
+        if (row == nullptr || used > rowWidth(m_scale)) {
+            row = new QHBoxLayout;
+            row->setSpacing(cardGap(m_scale) - 2 * GalleryTile::ringRoom(m_scale));
+            sections->addLayout(row);
+            used = width;
+        } else {
+            row->takeAt(row->count() - 1);
+        }
+        row->addLayout(makeSection(configuration, makePreview));
+        row->addStretch();
+    }
+    return sections;
+}
+
+QLayout* GalleryWindow::makeSection(const StaticConfiguration& configuration,
+                                    const MakePreview& makePreview) {
+    auto* section = new QVBoxLayout;
+    section->setSpacing(points(2));
+    section->addWidget(makeText(translated(configuration.displayName), 15, QFont::DemiBold));
+    QLabel* description = makeQuietText(translated(configuration.description), 12);
+    description->setFixedWidth(static_cast<int>(widthOf(configuration, m_scale)));
+    section->addWidget(description);
+    section->addStretch();
+    auto* tiles = new QHBoxLayout;
+    const int room = GalleryTile::ringRoom(m_scale);
+    tiles->setContentsMargins(-room, points(6), -room, 0);
+    tiles->setSpacing(cardGap(m_scale) - 2 * room);
+    for (const WidgetFamily family : configuration.supportedFamilies)
+        tiles->addLayout(makeTile(configuration, family, makePreview(configuration, family)));
+    tiles->addStretch();
+    section->addLayout(tiles);
+    return section;
+}
+
+QLayout* GalleryWindow::makeTile(const StaticConfiguration& configuration, WidgetFamily family,
+                                 QWidget* preview) {
+    auto* tile = new GalleryTile(preview, m_scale);
+    const QString size = familyText(family, m_formats);
+    tile->setAccessibleName(translated(configuration.displayName) + QStringLiteral(", ") + size);
+    tile->setAccessibleDescription(
+        QString::fromStdString(m_formats.translated("Puts this widget on the desktop")));
+    connect(tile, &GalleryTile::clicked, this,
+            [this, &configuration, family] { choose(configuration, family); });
+    auto* column = new QVBoxLayout;
+    column->setSpacing(points(4));
+    column->addWidget(tile, 0, Qt::AlignTop);
+    QLabel* caption = makeQuietText(size, 11);
+    caption->setAlignment(Qt::AlignHCenter);
+    column->addWidget(caption);
+    return column;
+}
+
+QLabel* GalleryWindow::makeText(const QString& text, double size, int weight) {
+    auto* label = new QLabel(text);
+    label->setTextFormat(Qt::PlainText);
+    label->setWordWrap(true);
+    QFont font = label->font();
+    font.setPointSizeF(size * m_scale * 72 / logicalDpiY());
+    font.setWeight(static_cast<QFont::Weight>(weight));
+    label->setFont(font);
+    return label;
+}
+
+QLabel* GalleryWindow::makeQuietText(const QString& text, double size) {
+    QLabel* label = makeText(text, size, QFont::Normal);
+    m_quietTexts.push_back(label);
+    return label;
+}
+
+void GalleryWindow::quieten() {
+    QPalette quiet = palette();
+    QColor color = quiet.color(QPalette::WindowText);
+    color.setAlphaF(quietOpacity);
+    quiet.setColor(QPalette::WindowText, color);
+    for (QLabel* label : m_quietTexts)
+        label->setPalette(quiet);
+}
+
+void GalleryWindow::choose(const StaticConfiguration& configuration, WidgetFamily family) {
+    const std::string name = m_formats.translated(configuration.displayName.c_str());
+    m_hint->setText(
+        QString::fromStdString(filled(m_formats.translated("%s is now on the desktop."), {name})));
+    Q_EMIT chosen(configuration.kind, family);
+}
+
+QSize GalleryWindow::sizeHint() const {
+    const QSize wanted = m_content->sizeHint();
+    return wanted.boundedTo(screen()->availableSize() * largestShareOfScreen);
+}
+
+void GalleryWindow::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Escape)
+        close();
+    else
+        QWidget::keyPressEvent(event);
+}
+
+void GalleryWindow::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::PaletteChange)
+        quieten();
+    QWidget::changeEvent(event);
+}
+
+} // namespace vantel
