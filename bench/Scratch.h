@@ -16,9 +16,9 @@ inline FileURL emptyScratch(const char* name) {
     return folder;
 }
 
-/// How a benchmark runs that waits for a disk: a disk has moods that last for tenths of a second, so many
-/// short turns beside its reference say more than a few long ones.
-inline void waitsForTheDisk(benchmark::internal::Benchmark* benchmark) {
+/// How a benchmark runs that waits for a disk or for another process: these have moods that last for tenths
+/// of a second, so many short turns beside the reference say more than a few long ones.
+inline void inManyShortTurns(benchmark::internal::Benchmark* benchmark) {
     benchmark->UseRealTime()->Repetitions(75)->MinTime(0.01);
 }
 
