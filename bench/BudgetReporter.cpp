@@ -25,6 +25,11 @@ double nanoseconds(const benchmark::BenchmarkReporter::Run& run) {
     return inUnits * 1e9 / benchmark::GetTimeUnitMultiplier(run.time_unit);
 }
 
+/// A benchmark's name as budgets give it: without how often and how long it ran, which is its own business.
+std::string nameOf(const benchmark::BenchmarkName& name) {
+    return name.args.empty() ? name.function_name : name.function_name + "/" + name.args;
+}
+
 void print(const Budget& budget, double measured, double reference) {
     const auto [value, unit] = standing(budget, measured, reference);
     std::printf("%-34s %12.1f us %12.1f us %8.2f %-2s %8.2f %-2s %s\n", budget.measured.c_str(),
@@ -37,7 +42,7 @@ void print(const Budget& budget, double measured, double reference) {
 void BudgetReporter::ReportRuns(const std::vector<Run>& runs) {
     for (const Run& run : runs)
         if (run.aggregate_name == "median")
-            m_nanoseconds[run.run_name.str()] = nanoseconds(run);
+            m_nanoseconds[nameOf(run.run_name)] = nanoseconds(run);
     ConsoleReporter::ReportRuns(runs);
 }
 

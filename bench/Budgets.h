@@ -12,7 +12,7 @@ struct Budget {
         extraMilliseconds ///< so much more than the reference
     };
 
-    std::string measured; ///< the benchmarks' names, as Google Benchmark prints them
+    std::string measured; ///< the benchmarks' names with their arguments: "overview/1000"
     std::string reference;
     double allowed;
     Rule rule = Rule::ratio;

@@ -171,9 +171,36 @@ private:
     Arguments& m_arguments = m_invocation.arguments;
 };
 
+/// The commands that were named, one inside the other, the program first.
+std::vector<const CLI::App*> namedCommands(const CLI::App& app) {
+    std::vector<const CLI::App*> named = {&app};
+    for (auto inner = app.get_subcommands(); !inner.empty(); inner = named.back()->get_subcommands())
+        named.push_back(inner.front());
+    return named;
+}
+
+std::string joined(const std::vector<const CLI::App*>& commands) {
+    std::string names;
+    for (std::size_t i = 1; i < commands.size(); ++i)
+        names += (i > 1 ? " " : "") + commands[i]->get_name();
+    return names;
+}
+
+std::string mistake(const CLI::App& app, const CLI::ParseError& error) {
+    const auto commands = namedCommands(app);
+    const std::string names = joined(commands);
+    const std::string prefix = names.empty() ? "" : names + ": ";
+    if (commands.back()->get_require_subcommand_min() == 0)
+        return prefix + error.what();
+    const auto words = app.remaining(true);
+    const std::string what =
+        words.empty() ? "a command is missing" : "no command is named \"" + words.front() + "\"";
+    return prefix + what + " (vantelctl " + (names.empty() ? "" : names + " ") + "--help lists them)";
+}
+
 NothingToRun nothingToRun(const CLI::App& app, const CLI::ParseError& error) {
     if (error.get_exit_code() != 0)
-        return {ExitStatus::wrongUsage, error.what()};
+        return {ExitStatus::wrongUsage, mistake(app, error)};
     std::ostringstream output;
     std::ostringstream unused;
     app.exit(error, output, unused);

@@ -17,12 +17,19 @@ struct FileCloser {
     void operator()(std::FILE* file) const { std::ignore = std::fclose(file); }
 };
 
+/// What to call a file in a message.
+std::string nameFor(const std::string& file) {
+    if (file == "-")
+        return "standard input";
+    return file.empty() ? "\"\"" : file;
+}
+
 std::string reasonFor(int number) {
     return std::generic_category().message(number);
 }
 
 SharedSnapshot ignoredDocument(const std::string& file, const std::string& why) {
-    std::cerr << "vantelctl: " << visibleText(file) << ": " << visibleText(why)
+    std::cerr << "vantelctl: " << visibleText(nameFor(file)) << ": " << visibleText(why)
               << " (shown as no snapshot)\n";
     return nullptr;
 }
@@ -59,13 +66,13 @@ std::expected<std::string, CommandFailure> readInput(const std::string& file) {
                                                                         : std::fopen(file.c_str(), "rb"));
     std::FILE* stream = isStandardInput ? stdin : opened.get();
     if (stream == nullptr)
-        return failed(file, reasonFor(errno));
+        return failed(nameFor(file), reasonFor(errno));
     std::string bytes;
     std::array<char, 65536> buffer{};
     while (std::feof(stream) == 0 && std::ferror(stream) == 0)
         bytes.append(buffer.data(), std::fread(buffer.data(), 1, buffer.size(), stream));
     if (std::ferror(stream) != 0)
-        return failed(file, reasonFor(errno));
+        return failed(nameFor(file), reasonFor(errno));
     return bytes;
 }
 
@@ -75,7 +82,7 @@ std::expected<WidgetSnapshot, CommandFailure> decodeInput(const std::string& fil
         return std::unexpected(bytes.error());
     auto snapshot = decodeSnapshot(*bytes);
     if (!snapshot)
-        return failed(file, snapshot.error());
+        return failed(nameFor(file), snapshot.error());
     return std::move(*snapshot);
 }
 

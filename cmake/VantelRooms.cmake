@@ -32,3 +32,20 @@ function(vantel_room name)
     target_link_libraries(vantel_${name}
         PUBLIC ${ROOM_LINKS} PRIVATE $<BUILD_INTERFACE:vantel_options> ${ROOM_PRIVATE_LINKS})
 endfunction()
+
+# Writes what each target of the rooms added so far links, one name a line, to rooms/ROOM/TARGET.links: what the check
+# of the rooms' direction reads. A library's users inherit its links, so both lists count.
+function(vantel_room_links)
+    get_directory_property(folders SUBDIRECTORIES)
+    foreach(folder IN LISTS folders)
+        cmake_path(GET folder FILENAME room)
+        get_directory_property(targets DIRECTORY "${folder}" BUILDSYSTEM_TARGETS)
+        foreach(target IN LISTS targets)
+            get_target_property(type ${target} TYPE)
+            if(type MATCHES "LIBRARY|EXECUTABLE")
+                file(GENERATE OUTPUT "${PROJECT_BINARY_DIR}/rooms/${room}/${target}.links" CONTENT
+                    "$<JOIN:$<TARGET_PROPERTY:${target},LINK_LIBRARIES>,\n>\n$<JOIN:$<TARGET_PROPERTY:${target},INTERFACE_LINK_LIBRARIES>,\n>\n")
+            endif()
+        endforeach()
+    endforeach()
+endfunction()

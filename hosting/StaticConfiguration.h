@@ -57,7 +57,7 @@ Timeline<TimelineEntry> erasedTimeline(Timeline<Entry> timeline, Content content
 /// (`WidgetContent(const Entry&, const ViewContext&)`).
 template <typename Entry, typename Content>
 StaticConfiguration makeStaticConfiguration(std::string kind,
-                                            std::shared_ptr<const TimelineProvider<Entry>> provider,
+                                            const std::shared_ptr<const TimelineProvider<Entry>>& provider,
                                             Content content) {
     using Context = TimelineProviderContext;
     StaticConfiguration configuration;

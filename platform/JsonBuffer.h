@@ -12,24 +12,25 @@ class JsonBuffer {
 public:
     void reserve(std::size_t length) { m_text.reserve(length + spare); }
 
-    /// `write` gets where to begin, may write up to `most` characters, and gives where it ended.
-    template <typename Write>
-    void append(std::size_t most, Write write) {
-        if (m_text.size() - m_length < most)
-            m_text.resize(m_length + most + spare);
-        char* const begin = m_text.data() + m_length;
-        m_length += static_cast<std::size_t>(write(begin) - begin);
+    /// Where the text goes on, with room for so many characters. Whoever writes there says with `end` how
+    /// far.
+    char* room(std::size_t most) {
+        if (m_text.size() - m_length < most) [[unlikely]]
+            grow(most);
+        return m_text.data() + m_length;
     }
 
+    void end(const char* written) { m_length = static_cast<std::size_t>(written - m_text.data()); }
+
     void append(std::string_view text) {
-        append(text.size(), [&](char* out) { return out + text.copy(out, text.size()); });
+        char* const out = room(text.size());
+        end(out + text.copy(out, text.size()));
     }
 
     void append(char c) {
-        append(1, [&](char* out) {
-            *out = c;
-            return out + 1;
-        });
+        char* const out = room(1);
+        *out = c;
+        end(out + 1);
     }
 
     /// The text. The buffer is empty afterwards.
@@ -40,6 +41,8 @@ public:
     }
 
 private:
+    [[gnu::noinline]] void grow(std::size_t most) { m_text.resize(m_length + most + spare); }
+
     static constexpr std::size_t spare = 4096;
 
     std::string m_text; ///< what was written, and then the room that is left

@@ -58,13 +58,6 @@ std::optional<Url> JsonObjectReader::optionalUrl(std::string_view key) {
     return url;
 }
 
-std::optional<JsonObjectReader::Element> JsonObjectReader::searched(std::string_view key) const {
-    Element element;
-    if (m_object.at_key(key).get(element) != simdjson::SUCCESS || element.is_null())
-        return std::nullopt;
-    return element;
-}
-
 std::int64_t JsonObjectReader::integerFrom(Element element, std::string_view key) {
     if (element.type() == element_type::INT64)
         return element.get_int64().value_unsafe();

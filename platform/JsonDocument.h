@@ -5,9 +5,11 @@
 #include "platform/Url.h"
 
 #include <cstdint>
+#include <cstring>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <vector>
 
 #include <simdjson.h>
@@ -19,8 +21,8 @@ namespace vantel {
 /// The first field that is not what it should be stops the reading: `failure()` then tells where and why, and
 /// every later read gives an empty value that must not be used. So a record is read in one expression, and
 /// asked once at the end. Of duplicate keys the first counts. An optional field may be missing or `null`; a
-/// required one may be neither. A number is an integer when its value is one (`3`, `3.0`, `3e0`) and fits 64
-/// bits; a boolean is never a number.
+/// required one may be neither. Each key is read once. A number is an integer when its value is one (`3`,
+/// `3.0`, `3e0`) and fits 64 bits; a boolean is never a number.
 ///
 /// A reader looks into its JsonDocument and must not outlive it.
 class JsonObjectReader {
@@ -54,10 +56,11 @@ public:
 
 private:
     using Element = simdjson::dom::element;
+    using Position = simdjson::dom::object::iterator;
 
+    static bool isAt(const Position& position, std::string_view key);
     std::optional<Element> present(std::string_view key);
     std::optional<Element> required(std::string_view key);
-    std::optional<Element> searched(std::string_view key) const;
     std::string_view viewFrom(Element element, std::string_view key);
     std::int64_t integerFrom(Element element, std::string_view key);
     double numberFrom(Element element, std::string_view key);
@@ -67,10 +70,10 @@ private:
     void adopt(const std::string& path, const JsonObjectReader& inner);
 
     simdjson::dom::object m_object;
-    /// Most writers keep the records' order, so the next field is tried before all are searched. Every field
+    /// Most writers keep the records' order, so the search begins where the last field ended. Every field
     /// before it was read under its own key: none of them is an earlier duplicate.
-    simdjson::dom::object::iterator m_next;
-    simdjson::dom::object::iterator m_end;
+    Position m_next;
+    Position m_end;
     std::optional<DecodingError> m_failure;
 };
 
@@ -86,64 +89,77 @@ private:
     simdjson::dom::parser m_parser;
 };
 
-// The reading of single fields is inline so that the compiler knows each key's length where it compares.
+// The reading of single fields is inlined, so that the compiler knows each key's length where it compares.
 
-inline std::optional<JsonObjectReader::Element> JsonObjectReader::present(std::string_view key) {
+[[gnu::always_inline]] inline bool JsonObjectReader::isAt(const Position& position, std::string_view key) {
+    return position.key_length() == key.size() &&
+           std::memcmp(position.key_c_str(), key.data(), key.size()) == 0;
+}
+
+[[gnu::always_inline]] inline std::optional<JsonObjectReader::Element>
+JsonObjectReader::present(std::string_view key) {
     if (m_failure)
         return std::nullopt;
-    if (m_next == m_end || m_next.key() != key)
-        return searched(key);
-    const Element element = m_next.value();
-    ++m_next;
+    Position position = m_next;
+    while (position != m_end && !isAt(position, key))
+        ++position;
+    if (position == m_end)
+        return std::nullopt;
+    const Element element = position.value();
+    if (position == m_next)
+        ++m_next;
     return element.is_null() ? std::nullopt : std::optional(element);
 }
 
-inline std::optional<JsonObjectReader::Element> JsonObjectReader::required(std::string_view key) {
+[[gnu::always_inline]] inline std::optional<JsonObjectReader::Element>
+JsonObjectReader::required(std::string_view key) {
     const auto element = present(key);
     if (!element)
         failAbsent(key);
     return element;
 }
 
-inline std::string_view JsonObjectReader::viewFrom(Element element, std::string_view key) {
+[[gnu::always_inline]] inline std::string_view JsonObjectReader::viewFrom(Element element,
+                                                                          std::string_view key) {
     std::string_view value;
     if (element.get_string().get(value) != simdjson::SUCCESS)
         failAt(key, "not a string");
     return value;
 }
 
-inline double JsonObjectReader::numberFrom(Element element, std::string_view key) {
+[[gnu::always_inline]] inline double JsonObjectReader::numberFrom(Element element, std::string_view key) {
     double value = 0;
     if (element.get_double().get(value) != simdjson::SUCCESS)
         failAt(key, "not a number");
     return value;
 }
 
-inline std::string JsonObjectReader::text(std::string_view key) {
+[[gnu::always_inline]] inline std::string JsonObjectReader::text(std::string_view key) {
     const auto element = required(key);
     return element ? std::string(viewFrom(*element, key)) : std::string();
 }
 
-inline std::optional<std::string> JsonObjectReader::optionalText(std::string_view key) {
+[[gnu::always_inline]] inline std::optional<std::string>
+JsonObjectReader::optionalText(std::string_view key) {
     const auto element = present(key);
     return element ? std::optional<std::string>(viewFrom(*element, key)) : std::nullopt;
 }
 
-inline std::int64_t JsonObjectReader::integer(std::string_view key) {
+[[gnu::always_inline]] inline std::int64_t JsonObjectReader::integer(std::string_view key) {
     const auto element = required(key);
     return element ? integerFrom(*element, key) : 0;
 }
 
-inline double JsonObjectReader::number(std::string_view key) {
+[[gnu::always_inline]] inline double JsonObjectReader::number(std::string_view key) {
     const auto element = required(key);
     return element ? numberFrom(*element, key) : 0;
 }
 
-inline Instant JsonObjectReader::instant(std::string_view key) {
+[[gnu::always_inline]] inline Instant JsonObjectReader::instant(std::string_view key) {
     return instantFromReference(number(key));
 }
 
-inline std::optional<Instant> JsonObjectReader::optionalInstant(std::string_view key) {
+[[gnu::always_inline]] inline std::optional<Instant> JsonObjectReader::optionalInstant(std::string_view key) {
     const auto element = present(key);
     return element ? std::optional(instantFromReference(numberFrom(*element, key))) : std::nullopt;
 }
@@ -156,6 +172,13 @@ auto JsonObjectReader::parsedText(std::string_view key, Parse parse, std::string
         fail(std::string(key), std::string(reason));
     return value ? *value : typename decltype(value)::value_type{};
 }
+
+/// Becomes what the function returns where that is built, without a move.
+template <typename Make>
+struct InPlace {
+    Make make;
+    operator std::invoke_result_t<Make>() const { return make(); }
+};
 
 template <typename Decode>
 auto JsonObjectReader::objects(std::string_view key, Decode decode) {
@@ -176,7 +199,7 @@ auto JsonObjectReader::objects(std::string_view key, Decode decode) {
             return records;
         }
         JsonObjectReader reader(object);
-        records.push_back(decode(reader));
+        records.emplace_back(InPlace{[&] { return decode(reader); }});
         if (reader.failure()) {
             adopt(std::string(key) + "[" + std::to_string(records.size() - 1) + "]", reader);
             return records;

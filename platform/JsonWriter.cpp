@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <cstring>
 #include <utility>
 
 #include <simdjson.h>
@@ -15,23 +16,55 @@ namespace {
 
 template <typename Integer>
 void appendInteger(JsonBuffer& json, Integer number) {
-    json.append(longestNumber,
-                [&](char* out) { return std::to_chars(out, out + longestNumber, number).ptr; });
+    char* const out = json.room(longestNumber);
+    json.end(std::to_chars(out, out + longestNumber, number).ptr);
 }
 
 bool needsEscape(char c) {
     return static_cast<unsigned char>(c) < 0x20 || c == '"' || c == '\\';
 }
 
-/// Whether a text is ASCII of which nothing is escaped. Looks at every character rather than stopping at the
-/// first hit, so that the compiler takes many at a time.
-bool isPlain(std::string_view text) {
-    unsigned char found = 0;
-    for (const char c : text) {
-        const auto byte = static_cast<signed char>(c); // negative beyond ASCII
-        found |= byte < 0x20 || byte == '"' || byte == '\\' ? 1 : 0;
+/// Eight characters in one number, so that they are looked at together.
+using Eight = std::uint64_t;
+
+constexpr Eight eightTimes(unsigned char c) {
+    return 0x0101010101010101U * Eight{c};
+}
+
+/// What was seen in a text; the highest bit of a byte tells.
+struct Seen {
+    Eight beyondASCII = 0;
+    Eight escapes = 0;
+
+    void look(Eight characters) {
+        // A subtraction borrows from the next byte only where it found something.
+        const Eight controls = characters - eightTimes(0x20);
+        const Eight quotes = (characters ^ eightTimes('"')) - eightTimes(1);
+        const Eight backslashes = (characters ^ eightTimes('\\')) - eightTimes(1);
+        beyondASCII |= characters & eightTimes(0x80);
+        escapes |= (controls | quotes | backslashes) & ~characters & eightTimes(0x80);
     }
-    return found == 0;
+};
+
+/// Copies a text and tells what is in it.
+Seen copy(std::string_view text, char* out) {
+    Seen seen;
+    const auto copyAt = [&](std::size_t at, std::size_t count) {
+        Eight characters = eightTimes(' ');
+        std::memcpy(&characters, text.data() + at, count);
+        std::memcpy(out + at, &characters, count);
+        seen.look(characters);
+    };
+    constexpr std::size_t step = sizeof(Eight);
+    std::size_t at = 0;
+    for (; at + step <= text.size(); at += step)
+        copyAt(at, step);
+    if (text.size() >= step)
+        copyAt(text.size() - step,
+               step); // Some characters twice, to no harm, instead of the rest one by one.
+    else if (!text.empty())
+        copyAt(0, text.size());
+    return seen;
 }
 
 } // namespace
@@ -54,14 +87,16 @@ void JsonWriter::endArray() {
 
 void JsonWriter::value(std::string_view text) {
     separate();
-    if (!isPlain(text))
+    char* out = m_json.room(text.size() + 2);
+    *out++ = '"';
+    const Seen seen = copy(text, out);
+    if (seen.beyondASCII != 0 && !simdjson::validate_utf8(text.data(), text.size()))
+        fail("not valid UTF-8");
+    if (seen.escapes != 0)
         return escaped(text);
-    m_json.append(text.size() + 2, [&](char* out) {
-        *out++ = '"';
-        out += text.copy(out, text.size());
-        *out++ = '"';
-        return out;
-    });
+    out += text.size();
+    *out++ = '"';
+    m_json.end(out);
 }
 
 void JsonWriter::value(double number) {
@@ -71,7 +106,7 @@ void JsonWriter::value(double number) {
     else if (number == 0 && std::signbit(number))
         m_json.append("-0.0"); // "-0" reads back as the integer, which has no sign
     else
-        m_json.append(longestNumber, [&](char* out) { return writeShortest(number, out); });
+        m_json.end(writeShortest(number, m_json.room(longestNumber)));
 }
 
 void JsonWriter::value(bool flag) {
@@ -121,8 +156,6 @@ void JsonWriter::separate() {
 }
 
 void JsonWriter::escaped(std::string_view text) {
-    if (!simdjson::validate_utf8(text.data(), text.size()))
-        fail("not valid UTF-8");
     m_json.append('"');
     while (true) {
         const auto next = std::ranges::find_if(text, needsEscape);
@@ -169,9 +202,9 @@ std::string JsonWriter::path() const {
     std::string path;
     for (const Level& level : m_levels) {
         if (level.isArray)
-            path += "[" + std::to_string(level.count - 1) + "]";
+            path.append("[").append(std::to_string(level.count - 1)).append("]");
         else
-            path += (path.empty() ? "" : ".") + std::string(level.key);
+            path.append(path.empty() ? "" : ".").append(level.key);
     }
     return path;
 }

@@ -44,14 +44,14 @@ public:
     void null();
 
     template <typename Value>
-    void field(std::string_view name, const Value& fieldValue) {
+    [[gnu::always_inline]] void field(std::string_view name, const Value& fieldValue) {
         key(name);
         value(fieldValue);
     }
 
     /// Leaves the key out when there is no value.
     template <typename Value>
-    void field(std::string_view name, const std::optional<Value>& fieldValue) {
+    [[gnu::always_inline]] void field(std::string_view name, const std::optional<Value>& fieldValue) {
         if (fieldValue)
             field(name, *fieldValue);
     }
@@ -81,19 +81,18 @@ private:
     std::optional<EncodingError> m_failure;
 };
 
-// Inline so that the compiler knows each key's length where it copies it.
-inline void JsonWriter::key(std::string_view name) {
+// Inlined, so that the compiler knows each key's length where it copies it.
+[[gnu::always_inline]] inline void JsonWriter::key(std::string_view name) {
     Level& level = m_levels.back();
     level.key = name;
-    m_json.append(name.size() + 4, [&](char* out) {
-        if (level.count++ > 0)
-            *out++ = ',';
-        *out++ = '"';
-        out += name.copy(out, name.size());
-        *out++ = '"';
-        *out++ = ':';
-        return out;
-    });
+    char* out = m_json.room(name.size() + 4);
+    if (level.count++ > 0)
+        *out++ = ',';
+    *out++ = '"';
+    out += name.copy(out, name.size());
+    *out++ = '"';
+    *out++ = ':';
+    m_json.end(out);
 }
 
 } // namespace vantel

@@ -3,6 +3,6 @@
 namespace vantel {
 
 /// The name of the catalogue that translates this system's texts.
-inline constexpr char messageDomain[] = "vantel-widgets";
+inline constexpr const char* messageDomain = "vantel-widgets";
 
 } // namespace vantel

@@ -18,6 +18,7 @@ std::optional<std::uint64_t> scaled(double size) {
     constexpr double below = 1e11; // fifteen digits with the decimals
     if (!(size < below))
         return std::nullopt;
+    // NOLINTNEXTLINE(bugprone-incorrect-roundings): a number that rounds wrongly fails the comparison below.
     const auto result = static_cast<std::uint64_t>(size * scale + 0.5);
     return static_cast<double>(result) / scale == size ? std::optional(result) : std::nullopt;
 }

@@ -15,6 +15,7 @@ CodePoint firstCodePoint(std::string_view text) {
     const auto available = static_cast<std::int32_t>(std::min(text.size(), longest));
     std::int32_t length = 0;
     UChar32 value = 0;
+    // NOLINTNEXTLINE(bugprone-inc-dec-in-conditions): the macro is ICU's.
     U8_NEXT_OR_FFFD(text.data(), length, available, value);
     return {static_cast<char32_t>(value), static_cast<std::size_t>(length)};
 }

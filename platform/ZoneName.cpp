@@ -26,7 +26,7 @@ std::string nameFromVariable(std::string_view variable) {
 }
 
 std::string nameFromSystem() {
-    const std::string setting = "/etc/localtime";
+    std::string setting = "/etc/localtime";
     const std::string_view database = "/zoneinfo/";
     std::error_code error;
     const std::string target = std::filesystem::read_symlink(setting, error).string();

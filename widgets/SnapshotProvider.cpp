@@ -38,7 +38,7 @@ Timeline<SnapshotEntry> SnapshotProvider::getTimeline(const TimelineProviderCont
     return plannedTimeline(shared(WidgetSnapshot::load()), now, context.calendar);
 }
 
-Timeline<SnapshotEntry> plannedTimeline(std::shared_ptr<const WidgetSnapshot> snapshot, Instant now,
+Timeline<SnapshotEntry> plannedTimeline(const std::shared_ptr<const WidgetSnapshot>& snapshot, Instant now,
                                         const Calendar& calendar) {
     Timeline<SnapshotEntry> timeline{{}, {WidgetBuckets::nextMidnight(now, calendar)}};
     for (const PlannedMoment& moment : plannedMoments(snapshot.get(), now, calendar))

@@ -20,7 +20,7 @@ public:
 };
 
 /// The timeline of a given snapshot (null for none) from `now` until the next midnight.
-Timeline<SnapshotEntry> plannedTimeline(std::shared_ptr<const WidgetSnapshot> snapshot, Instant now,
+Timeline<SnapshotEntry> plannedTimeline(const std::shared_ptr<const WidgetSnapshot>& snapshot, Instant now,
                                         const Calendar& calendar);
 
 } // namespace vantel

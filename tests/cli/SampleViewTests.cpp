@@ -1,6 +1,8 @@
 #include "tests/cli/Goldens.h"
 #include "tests/cli/Program.h"
 
+#include <ostream>
+
 #include <gtest/gtest.h>
 
 namespace vantel {
@@ -11,6 +13,10 @@ using namespace testing;
 struct Sample {
     const char* name;
     const char* moment;
+
+    friend void PrintTo(const Sample& sample, std::ostream* stream) {
+        *stream << sample.name << " at " << sample.moment;
+    }
 };
 
 constexpr Sample samples[] = {{"busy-tuesday", "2026-11-17T09:20"}, {"imminent", "2026-11-17T09:57"},

@@ -175,6 +175,14 @@ TEST_F(VantelctlTest, WrongUsageIsOneLineAndStatusTwo) {
     EXPECT_EQ(failure(2, {"view", "focus", "small", "--at", "yesterday"}),
               "vantelctl: --at: \"yesterday\" is not an instant\n");
     EXPECT_THAT(failure(2, {"reload", "clock"}), HasSubstr("no widget is named"));
+    EXPECT_EQ(failure(2, {"nonsense", "--json"}),
+              "vantelctl: no command is named \"nonsense\" (vantelctl --help lists them)\n");
+    EXPECT_EQ(failure(2, {}), "vantelctl: a command is missing (vantelctl --help lists them)\n");
+    EXPECT_EQ(failure(2, {"link", "nowhere"}),
+              "vantelctl: link: no command is named \"nowhere\" (vantelctl link --help lists them)\n");
+    EXPECT_EQ(failure(2, {"snapshot"}),
+              "vantelctl: snapshot: a command is missing (vantelctl snapshot --help lists them)\n");
+    EXPECT_EQ(failure(2, {"snapshot", "write"}), "vantelctl: snapshot write: FILE is required\n");
     EXPECT_THAT(failure(2, {"journal", "append", "t", "--account", "A", "--id", "1"}),
                 HasSubstr("not a UUID"));
     EXPECT_THAT(failure(2, {"journal", "remove", "1"}), HasSubstr("not a UUID"));
@@ -210,10 +218,11 @@ TEST_F(VantelctlTest, InstantsAreReadInEveryForm) {
 TEST_F(VantelctlTest, ADocumentThatDoesNotDecodeIsToldByItsKey) {
     const std::string broken =
         R"({"version":1,"generatedAt":0,"tasks":[{"id":"a","summary":"b","priorityRank":1}]})";
-    EXPECT_EQ(failure(1, {"snapshot", "decode"}, broken), "vantelctl: -: tasks[0].priorityScore: missing\n");
+    EXPECT_EQ(failure(1, {"snapshot", "decode"}, broken),
+              "vantelctl: standard input: tasks[0].priorityScore: missing\n");
     EXPECT_EQ(failure(1, {"snapshot", "write", "-"}, broken),
-              "vantelctl: -: tasks[0].priorityScore: missing\n");
-    EXPECT_EQ(failure(1, {"snapshot", "decode", "-"}, "{"), "vantelctl: -: not valid JSON\n");
+              "vantelctl: standard input: tasks[0].priorityScore: missing\n");
+    EXPECT_EQ(failure(1, {"snapshot", "decode", "-"}, "{"), "vantelctl: standard input: not valid JSON\n");
     EXPECT_EQ(failure(1, {"snapshot", "decode", "/nonexistent/file"}),
               "vantelctl: /nonexistent/file: No such file or directory\n");
     EXPECT_EQ(failure(1, {"view", "focus", "small", "--snapshot", "/"}), "vantelctl: /: Is a directory\n");
@@ -224,7 +233,7 @@ TEST_F(VantelctlTest, AViewOfAnInvalidDocumentIsTheSetupStateAndSaysWhy) {
     const Finished finished = vantelctl({"view", "focus", "small", "--json", "--snapshot", "-"}, "{}");
     EXPECT_EQ(finished.status, 0);
     EXPECT_THAT(finished.output, HasSubstr("Open the app once"));
-    EXPECT_EQ(finished.error, "vantelctl: -: version: missing (shown as no snapshot)\n");
+    EXPECT_EQ(finished.error, "vantelctl: standard input: version: missing (shown as no snapshot)\n");
 }
 
 TEST_F(VantelctlTest, ATextThatIsNotUtf8IsNeverJournalled) {

@@ -53,6 +53,36 @@ TEST(JsonWriter, NumbersAreTheShortestTextThatReadsBackTheSame) {
         EXPECT_EQ(written(row.number), row.text);
 }
 
+TEST(JsonWriter, ACharacterIsEscapedWhereverItStands) {
+    const struct {
+        std::string character;
+        std::string text;
+    } rows[] = {{"\"", "\\\""},     {"\\", "\\\\"},
+                {"\n", "\\n"},      {"\x1F", "\\u001f"},
+                {"\0"s, "\\u0000"}, {" ", " "},
+                {"!", "!"},         {"#", "#"},
+                {"[", "["},         {"]", "]"},
+                {"\x7F", "\x7F"},   {"\xC2\x80", "\xC2\x80"},
+                {"ü", "ü"},         {"\U0001F600", "\U0001F600"}};
+    for (const auto& row : rows)
+        for (std::size_t before = 0; before < 20; ++before)
+            for (std::size_t after = 0; after < 20; ++after)
+                EXPECT_EQ(written(std::string(before, 'a') + row.character + std::string(after, 'z')),
+                          '"' + std::string(before, 'a') + row.text + std::string(after, 'z') + '"');
+}
+
+TEST(JsonWriter, ATextThatIsNotUtf8FailsWhereverTheWrongByteStands) {
+    for (std::size_t before = 0; before < 20; ++before)
+        for (std::size_t after = 0; after < 20; ++after)
+            for (const char* wrong : {"\xFF", "\xC3", "\x80", "\xED\xA0\x80", "\"\xFF", "\xFF\""})
+                EXPECT_EQ(written(std::string(before, 'a') + wrong + std::string(after, 'z')),
+                          written("\xFF"s));
+}
+
+TEST(JsonWriter, AnEmptyTextNeedsNoCharacters) {
+    EXPECT_EQ(written(std::string_view()), R"("")");
+}
+
 TEST(JsonWriter, EveryFiniteNumberReadsBackBitForBit) {
     std::mt19937_64 random(7);
     for (int i = 0; i < 20'000; ++i) {

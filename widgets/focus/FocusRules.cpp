@@ -36,7 +36,7 @@ std::optional<WidgetTask> nextDue(const WidgetSnapshot& in, Instant after, const
 }
 
 Element countRow(std::int64_t count, const CountSizes& sizes, Color numberColor, Color wordColor,
-                 std::string word) {
+                 const std::string& word) {
     const std::string number = std::to_string(count);
     const Font numberFont{.size = sizes.number, .weight = FontWeight::bold};
     const Element numberText = {

@@ -44,7 +44,7 @@ struct CountSizes {
 };
 
 Element countRow(std::int64_t count, const CountSizes& sizes, Color numberColor, Color wordColor,
-                 std::string word);
+                 const std::string& word);
 Element dueRow(std::int64_t count, const CountSizes& sizes, const Formats& formats);
 Element overdueRow(std::int64_t count, const CountSizes& sizes, const Formats& formats);
 
