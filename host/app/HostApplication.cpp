@@ -6,6 +6,7 @@
 #include <QDBusMessage>
 #include <QMessageBox>
 #include <QScreen>
+#include <QTimer>
 #include <chrono>
 #include <cstdlib>
 
@@ -87,6 +88,7 @@ int HostApplication::runUntilEnd() {
     connect(&signalWatch, &SignalWatch::endRequested, this, &HostApplication::end);
     takePreferences(m_settings.preferences());
     m_desk.start();
+    QTimer::singleShot(0, this, &HostApplication::watchDays);
     return QApplication::exec();
 }
 
@@ -113,8 +115,13 @@ void HostApplication::joinSchedule() {
         if (!m_intents.hasPending(kind))
             m_cards.clearPending(kind);
     });
-    connect(&m_days, &DayWatch::zoneChanged, &m_schedule, &WidgetSchedule::applyZoneChange);
-    connect(&m_days, &DayWatch::resumed, this, [this] {
+}
+
+/// Nothing on screen waits for it, so that the first frame need not either.
+void HostApplication::watchDays() {
+    m_days = std::make_unique<DayWatch>();
+    connect(m_days.get(), &DayWatch::zoneChanged, &m_schedule, &WidgetSchedule::applyZoneChange);
+    connect(m_days.get(), &DayWatch::resumed, this, [this] {
         m_schedule.reloadAll();
         tick();
     });

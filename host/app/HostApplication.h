@@ -1,12 +1,12 @@
 #pragma once
 
 #include "host/app/CardShelf.h"
+#include "host/bus/DayWatch.h"
 #include "host/bus/DesktopSettings.h"
 #include "host/bus/LinkOpener.h"
 #include "host/bus/WidgetsService.h"
 #include "host/desk/Desk.h"
 #include "host/desk/GalleryWindow.h"
-#include "host/schedule/DayWatch.h"
 #include "host/schedule/IntentRunner.h"
 #include "host/schedule/WakeTimer.h"
 #include "host/schedule/WidgetSchedule.h"
@@ -45,6 +45,7 @@ private:
     void joinSchedule();
     void joinDesk();
     void joinBus();
+    void watchDays();
     void showView(const WidgetKey& key);
     void tick();
     void finish(const IntentOutcome& outcome);
@@ -64,7 +65,6 @@ private:
     DesktopSettings m_settings{m_bus};
     LinkOpener m_links;
     WakeTimer m_alarm;
-    DayWatch m_days;
     WidgetSchedule m_schedule;
     IntentRunner m_intents;
     CardShelf m_cards;
@@ -73,6 +73,7 @@ private:
     PlacementStore m_placements;
     Desk m_desk;
     QPointer<GalleryWindow> m_gallery;
+    std::unique_ptr<DayWatch> m_days;
     std::string m_linkKind; ///< of the widget whose link was opened last
 };
 
