@@ -110,10 +110,10 @@ QImage cardPicture(const WidgetView& view, const Look& look, const PictureContex
 QImage galleryPicture(const WidgetBundle& bundle, const PictureContext& context) {
     const std::vector<PlacedCard> cards = arranged(previews(bundle, context));
     const double height = cards.empty() ? 0 : cards.back().corner.y() + 170 + deskMargin;
-    QImage image = emptyPicture({deskWidth, 2 * height}, context.scale);
+    QImage image = emptyPicture({2 * deskWidth, height}, context.scale);
     QPainter painter(&image);
     drawDesk(painter, {0, 0, deskWidth, height}, cards, Appearance::aqua(), context);
-    drawDesk(painter, {0, height, deskWidth, height}, cards, Appearance::darkAqua(), context);
+    drawDesk(painter, {deskWidth, 0, deskWidth, height}, cards, Appearance::darkAqua(), context);
     return image;
 }
 

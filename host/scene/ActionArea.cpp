@@ -16,7 +16,6 @@ constexpr double ringRadius = 7;
 ActionArea::ActionArea(const Target& target, QWidget* card)
     : QAbstractButton(card)
     , m_target(target) {
-    setAccessibleName(target.label);
     setCursor(Qt::PointingHandCursor);
     setFocusPolicy(Qt::TabFocus);
 }

@@ -42,9 +42,8 @@ QAccessibleInterface* sceneInterface(const QString&, QObject* object) {
 
 } // namespace
 
-SpokenText::SpokenText(const QString& text, QWidget* card)
+SpokenText::SpokenText(QWidget* card)
     : QWidget(card) {
-    setAccessibleName(text);
     setAttribute(Qt::WA_TransparentForMouseEvents);
     setAttribute(Qt::WA_NoSystemBackground);
     setFocusPolicy(Qt::NoFocus);

@@ -4,12 +4,13 @@
 
 namespace vantel::scene {
 
-/// A text on a card for people who hear the screen. It draws nothing and lets the mouse through.
+/// A text on a card, its accessible name, for people who hear the screen. It draws nothing and lets the mouse
+/// through.
 class SpokenText final : public QWidget {
     Q_OBJECT
 
 public:
-    SpokenText(const QString& text, QWidget* card);
+    explicit SpokenText(QWidget* card);
 };
 
 /// Lets assistive technology know what is on cards by its role. Only the first call does anything.

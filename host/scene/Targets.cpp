@@ -29,19 +29,23 @@ QRectF place(const Reading& reading) {
     return std::get<Spoken>(reading).rectangle;
 }
 
-/// What tells a link or text from another of another view: its words, and what it does.
+/// What tells a link or button from another. Texts have nothing of the kind: one takes the place of another.
 QString identity(const Reading& reading) {
     const auto* target = std::get_if<Target>(&reading);
     if (target == nullptr)
-        return std::get<Spoken>(reading).text;
-    QString text = target->label;
+        return {};
     if (const auto* url = std::get_if<Url>(&target->action))
-        return text + QChar::Null + QString::fromStdString(url->text);
+        return QStringLiteral("link ") + QString::fromStdString(url->text);
     const auto& intent = std::get<IntentCall>(target->action);
-    text += QChar::Null + QString::fromStdString(intent.name);
+    QString text = QStringLiteral("button ") + QString::fromStdString(intent.name);
     for (const auto& [name, value] : intent.parameters)
         text += QChar::Null + QString::fromStdString(value);
     return text;
+}
+
+const QString& words(const Reading& reading) {
+    const auto* target = std::get_if<Target>(&reading);
+    return target != nullptr ? target->label : std::get<Spoken>(reading).text;
 }
 
 std::vector<QString> identities(const Scene& scene) {
@@ -58,14 +62,16 @@ Targets::Targets(QWidget* card)
     , m_card(card) {}
 
 void Targets::follow(const Scene& scene, double scale) {
-    std::vector<QString> words = identities(scene);
-    if (words != m_words) {
-        m_words = std::move(words);
+    std::vector<QString> found = identities(scene);
+    if (found != m_identities) {
+        m_identities = std::move(found);
         rebuild(scene);
     }
     for (std::size_t i = 0; i < m_widgets.size(); ++i) {
         const QRectF points = place(scene.reading[i]);
         m_widgets[i]->setGeometry(QRectF(points.topLeft() * scale, points.size() * scale).toAlignedRect());
+        if (m_widgets[i]->accessibleName() != words(scene.reading[i]))
+            m_widgets[i]->setAccessibleName(words(scene.reading[i]));
     }
 }
 
@@ -84,7 +90,7 @@ void Targets::rebuild(const Scene& scene) {
         if (const auto* target = std::get_if<Target>(&reading))
             addArea(*target);
         else
-            m_widgets.push_back(std::make_unique<SpokenText>(std::get<Spoken>(reading).text, m_card));
+            m_widgets.push_back(std::make_unique<SpokenText>(m_card));
         m_widgets.back()->show();
     }
 }

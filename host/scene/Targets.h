@@ -9,7 +9,7 @@ namespace vantel::scene {
 class ActionArea;
 
 /// The invisible widgets over a card that make its links, buttons and texts reachable. They are kept while a
-/// card says the same, so that the keyboard focus stays where it is.
+/// card has the same links and buttons, so that the keyboard focus stays where it is.
 class Targets final : public QObject {
     Q_OBJECT
 
@@ -29,7 +29,7 @@ private:
     void addArea(const Target& target);
 
     QWidget* m_card;
-    std::vector<QString> m_words; ///< what the widgets say, in reading order
+    std::vector<QString> m_identities; ///< of what the widgets stand for, in reading order
     std::vector<std::unique_ptr<QWidget>> m_widgets;
 };
 

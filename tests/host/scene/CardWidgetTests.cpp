@@ -1,4 +1,5 @@
 #include "host/scene/ActionArea.h"
+#include "host/scene/SpokenText.h"
 #include "host/scene/CardWidget.h"
 #include "tests/host/scene/SceneFixture.h"
 
@@ -189,6 +190,15 @@ TEST_F(CardWidgetTest, ACountdownTellsWhenItReadsDifferently) {
     const QImage before = picture();
     card.setNow(instantFromReference(60));
     EXPECT_NE(picture(), before);
+}
+
+TEST_F(CardWidgetTest, ATickChangesTheWordsThatAreReadAndKeepsWhatReadsThem) {
+    card.setView(viewOf({RelativeTime{instantFromReference(2400), {.font = {22}}}}));
+    const auto* text = card.findChild<scene::SpokenText*>();
+    const QString before = text->accessibleName();
+    card.setNow(instantFromReference(60));
+    EXPECT_EQ(card.findChild<scene::SpokenText*>(), text);
+    EXPECT_NE(text->accessibleName(), before);
 }
 
 TEST_F(CardWidgetTest, EveryLinkButtonAndTextHasARoleANameAndAnAction) {
