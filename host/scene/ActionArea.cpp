@@ -3,6 +3,7 @@
 #include "host/scene/FocusRing.h"
 
 #include <QKeyEvent>
+#include <QMouseEvent>
 #include <QPainter>
 
 namespace vantel::scene {
@@ -30,6 +31,11 @@ void ActionArea::paintEvent(QPaintEvent*) {
 void ActionArea::focusInEvent(QFocusEvent* event) {
     m_hasRing = isKeyboardFocus(event->reason());
     QAbstractButton::focusInEvent(event);
+}
+
+/// A first click may have brought another task under the pointer, and the second one was never meant for it.
+void ActionArea::mouseDoubleClickEvent(QMouseEvent* event) {
+    event->accept();
 }
 
 /// Space presses buttons; people expect the same of the Enter keys.

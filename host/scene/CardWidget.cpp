@@ -13,6 +13,7 @@
 #include <QPainter>
 #include <QVariantAnimation>
 #include <algorithm>
+#include <utility>
 
 namespace vantel {
 
@@ -39,7 +40,9 @@ struct CardWidget::Private {
     Instant laidOutAt{};
     scene::Scene scene;
     scene::PaintState state;
+    std::optional<IntentCall> pending;
     bool hasRing = false;
+    bool isPressed = false;
 };
 
 CardWidget::CardWidget(const Formats& formats, QWidget* parent)
@@ -66,6 +69,7 @@ void CardWidget::setView(const WidgetView& view) {
     const bool isSameFamily = m_private->view && m_private->view->family == view.family;
     if (isSameFamily && isVisible() && m_private->look.motion == Motion::full)
         startFade();
+    m_private->pending.reset();
     m_private->state = {};
     m_private->view = view;
     layOut();
@@ -96,6 +100,7 @@ std::optional<Instant> CardWidget::nextTick(Instant now) const {
 }
 
 void CardWidget::setPending(const IntentCall& intent) {
+    m_private->pending = intent;
     for (const auto& reading : m_private->scene.reading) {
         const auto* target = std::get_if<scene::Target>(&reading);
         const auto* call = target == nullptr ? nullptr : std::get_if<IntentCall>(&target->action);
@@ -106,6 +111,7 @@ void CardWidget::setPending(const IntentCall& intent) {
 }
 
 void CardWidget::clearPending() {
+    m_private->pending.reset();
     m_private->state = {};
     update();
 }
@@ -138,9 +144,19 @@ void CardWidget::paintEvent(QPaintEvent*) {
         scene::drawFocusRing(painter, *this, cardCornerRadius * m_private->look.scale);
 }
 
+void CardWidget::mousePressEvent(QMouseEvent* event) {
+    m_private->isPressed = event->button() == Qt::LeftButton;
+}
+
 void CardWidget::mouseReleaseEvent(QMouseEvent* event) {
-    if (event->button() == Qt::LeftButton && rect().contains(event->pos()))
+    const bool isPressed = std::exchange(m_private->isPressed, false);
+    if (isPressed && event->button() == Qt::LeftButton && rect().contains(event->pos()))
         openOwnLink();
+}
+
+/// The first click has opened the link, and once is enough.
+void CardWidget::mouseDoubleClickEvent(QMouseEvent* event) {
+    event->accept();
 }
 
 void CardWidget::keyPressEvent(QKeyEvent* event) {
@@ -187,8 +203,8 @@ void CardWidget::startFade() {
 void CardWidget::activate(const scene::Target& target) {
     if (const auto* url = std::get_if<Url>(&target.action))
         Q_EMIT linkActivated(*url);
-    else
-        Q_EMIT intentPressed(std::get<IntentCall>(target.action));
+    else if (const auto& intent = std::get<IntentCall>(target.action); m_private->pending != intent)
+        Q_EMIT intentPressed(intent);
 }
 
 void CardWidget::openOwnLink() {

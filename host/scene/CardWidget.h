@@ -35,6 +35,7 @@ public:
     std::optional<Instant> nextTick(Instant now) const;
 
     /// Marks the row of a pressed button as pending, until `setView` brings another view or `clearPending`.
+    /// Until then the button does nothing.
     void setPending(const IntentCall& intent);
     void clearPending();
 
@@ -50,7 +51,9 @@ Q_SIGNALS:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;

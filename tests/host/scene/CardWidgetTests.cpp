@@ -1,6 +1,6 @@
 #include "host/scene/ActionArea.h"
-#include "host/scene/SpokenText.h"
 #include "host/scene/CardWidget.h"
+#include "host/scene/SpokenText.h"
 #include "tests/host/scene/SceneFixture.h"
 
 #include <QAccessible>
@@ -107,6 +107,33 @@ TEST_F(CardWidgetTest, AClickOnATaskOpensItAndAClickElsewhereOpensTheWidget) {
     ASSERT_EQ(links.count(), 2);
     EXPECT_EQ(links[0][0].value<Url>(), Url{"vantel://todo?id=t-1"});
     EXPECT_EQ(links[1][0].value<Url>(), Url{"vantel://focus"});
+}
+
+void secondHalfOfADoubleClick(QWidget* widget, QPoint position) {
+    const QPointF global = widget->mapToGlobal(position);
+    for (const auto type : {QEvent::MouseButtonDblClick, QEvent::MouseButtonRelease}) {
+        QMouseEvent event(type, position, global, Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(widget, &event);
+    }
+}
+
+TEST_F(CardWidgetTest, ADoubleClickCountsOnce) {
+    QWidget* circle = card.childAt(22, 29);
+    QTest::mouseClick(circle, Qt::LeftButton);
+    secondHalfOfADoubleClick(circle, circle->rect().center());
+    EXPECT_EQ(intents.count(), 1);
+    QTest::mouseClick(&card, Qt::LeftButton, {}, {120, 140});
+    secondHalfOfADoubleClick(&card, {120, 140});
+    EXPECT_EQ(links.count(), 1);
+}
+
+TEST_F(CardWidgetTest, APendingButtonDoesNothing) {
+    card.setPending(completeFirst);
+    QTest::mouseClick(card.childAt(22, 29), Qt::LeftButton);
+    EXPECT_EQ(intents.count(), 0);
+    QTest::mouseClick(card.childAt(22, 55), Qt::LeftButton);
+    ASSERT_EQ(intents.count(), 1);
+    EXPECT_EQ(intents[0][0].value<IntentCall>(), completeSecond);
 }
 
 TEST_F(CardWidgetTest, OtherMouseButtonsDoNothing) {

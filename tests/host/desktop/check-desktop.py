@@ -1,0 +1,190 @@
+#!/usr/bin/env python3
+"""Uses the widgets as a user would, on a desktop of their own.
+
+    check-desktop.py WIDGETS VANTELCTL SCENARIO    exit 1 with a sentence when the scenario does not come true
+"""
+import pathlib
+import signal
+import socket
+import subprocess
+import sys
+import time
+
+from desktop import Desktop, Failed, expect, wait_for
+
+FOCUS, NEXT_UP, TRIAGE = "VantelFocusWidget", "VantelNextUpWidget", "VantelTriageWidget"
+CIRCLE = 121  # points from the left edge of the medium focus card to its circles
+TITLE = 160  # and to the titles beside them
+FIRST_ROW, ROW = 37, 32  # from its upper edge to the middle of the first of four rows, and from row to row
+MAC_EPOCH = 978307200
+
+
+def row(desktop, number, rows):
+    """The pixels of the title in a row of the focus card, where there are so many rows in all."""
+    left, top, _, _ = desktop.card(FOCUS)
+    middle = top + FIRST_ROW + (4 - rows) * ROW // 2 + number * ROW
+    return desktop.picture(left + TITLE - 10, middle - 10, 170, 20)
+
+
+def a_click_on_a_circle_completes_the_task(desktop):
+    desktop.write_snapshot(desktop.placeholder())
+    desktop.start_widgets()
+    left, top, _, _ = desktop.card(FOCUS)
+    second = row(desktop, 1, 4)
+    desktop.click(left + CIRCLE, top + FIRST_ROW)
+    wait_for(desktop.journal, "a journal line")
+    expect([(each["action"], each["todoID"]) for each in desktop.journal()] == [("completeTodo", "demo-1")],
+           f"the journal has {desktop.journal()}")
+    wait_for(lambda: desktop.snapshot()["tasks"][0].get("completedAt"), "the stamp in the snapshot")
+    wait_for(lambda: row(desktop, 0, 3) == second, "the second task in the first row")
+
+
+def two_clicks_on_one_circle_complete_one_task(desktop):
+    desktop.write_snapshot(desktop.placeholder())
+    desktop.start_widgets()
+    left, top, _, _ = desktop.card(FOCUS)
+    desktop.move(left + CIRCLE, top + FIRST_ROW)
+    desktop.run("xdotool", "click", "--repeat", "2", "--delay", "1", "1")
+    wait_for(desktop.journal, "a journal line")
+    desktop.wait_until_still()
+    expect({each["todoID"] for each in desktop.journal()} == {"demo-1"} and len(desktop.journal()) == 1,
+           f"the journal has {desktop.journal()}")
+
+
+def a_reload_over_the_bus_shows_the_new_snapshot(desktop):
+    snapshot = desktop.placeholder()
+    desktop.write_snapshot(snapshot)
+    desktop.start_widgets()
+    before = desktop.picture(*desktop.card(TRIAGE))
+    snapshot["triageCount"] = 0
+    desktop.write_snapshot(snapshot)
+    expect(desktop.picture(*desktop.card(TRIAGE)) == before, "the card changed without being asked")
+    desktop.run(desktop.vantelctl, "reload")
+    wait_for(lambda: desktop.picture(*desktop.card(TRIAGE)) != before, "another triage card")
+
+
+def a_dragged_widget_stays_where_it_was_dropped(desktop):
+    desktop.write_snapshot(desktop.placeholder())
+    process = desktop.start_widgets()
+    left, top, _, _ = desktop.card(TRIAGE)
+    grip = (left + 120, top + 120)
+    desktop.drag(grip, (grip[0] - 700, grip[1] + 200))
+    wait_for(lambda: desktop.card(TRIAGE)[:2] != (left, top), "another place of the triage card")
+    desktop.wait_until_still()
+    moved, picture = desktop.card(TRIAGE), desktop.picture()
+    expect(abs(moved[0] - left + 700) <= 24 and abs(moved[1] - top - 200) <= 24, f"it stands at {moved}")
+    process.terminate()
+    expect(process.wait(5) == 0, "the program did not end well")
+    desktop.start_widgets()
+    expect(desktop.card(TRIAGE) == moved, "it stands elsewhere after a restart")
+    wait_for(lambda: desktop.picture() == picture, "the same screen as before the restart")
+
+
+def a_second_start_leaves_the_first_one_alone(desktop):
+    desktop.write_snapshot(desktop.placeholder())
+    first = desktop.start_widgets()
+    second = desktop.start(desktop.widgets)
+    expect(second.wait(10) == 0, "the second start did not end with 0")
+    expect(first.poll() is None, "the first one ended")
+
+
+def record_links(desktop):
+    """Installs an application for the links that writes down what it is given."""
+    record = desktop.folder / "links.txt"
+    opener = desktop.folder / "bin" / "xdg-open"
+    opener.write_text(f'#!/bin/sh\nprintf "%s\\n" "$@" >>"{record}"\n')
+    opener.chmod(0o755)
+    applications = desktop.folder / "data_home" / "applications"
+    applications.mkdir()
+    (applications / "companion.desktop").write_text(
+        "[Desktop Entry]\nType=Application\nName=Companion\nExec=xdg-open %u\nMimeType=x-scheme-handler/vantel;\n")
+    (desktop.folder / "config_home" / "mimeapps.list").write_text(
+        "[Default Applications]\nx-scheme-handler/vantel=companion.desktop\n")
+    return lambda: record.read_text().split() if record.exists() else []
+
+
+def clicks_open_the_links_of_the_companion(desktop):
+    links = record_links(desktop)
+    desktop.write_snapshot(desktop.placeholder())
+    desktop.start_widgets()
+    left, top, _, _ = desktop.card(FOCUS)
+    desktop.click(left + TITLE, top + FIRST_ROW)
+    wait_for(lambda: links() == ["vantel://todo?id=demo-1"], "the task's link")
+    desktop.click(left + 40, top + 130)
+    wait_for(lambda: links() == ["vantel://todo?id=demo-1", "vantel://focus"], "the widget's own link")
+    expect(desktop.journal() == [], "a click beside the circle completed a task")
+
+
+def without_an_application_for_a_link_the_widget_says_so(desktop):
+    desktop.write_snapshot(desktop.placeholder())
+    desktop.start_widgets()
+    left, top, width, height = desktop.card(FOCUS)
+    before = desktop.picture(left, top + 120, width, height - 120)
+    desktop.click(left + 40, top + 100)
+    wait_for(lambda: desktop.picture(left, top + 120, width, height - 120) != before, "a notice on the card")
+
+
+def a_meeting_that_starts_is_shown_at_once(desktop):
+    snapshot = desktop.placeholder()
+    start = time.time() - MAC_EPOCH + 6
+    snapshot["events"] = [{"id": "e", "title": "Review", "start": start, "end": start + 600,
+                           "linkedOpenTaskCount": 0, "calendarColorHex": "#336699"}]
+    desktop.write_snapshot(snapshot)
+    desktop.start_widgets()
+    left, top, width, height = desktop.card(NEXT_UP)
+    dark = bytes([0x1B, 0x1A, 0x17])
+    expect(desktop.picture(left + 85, top + 160, 1, 1) == dark, "the card is not dark before the start")
+    wait_for(lambda: desktop.picture(left + 85, top + 160, 1, 1) != dark, "the light card of a running meeting")
+    late = time.time() - MAC_EPOCH - start
+    expect(late >= 0, f"it came {-late} seconds too early")
+
+
+def a_lock_that_is_never_freed_stops_nobody(desktop):
+    desktop.write_snapshot(desktop.placeholder())
+    process = desktop.start_widgets()
+    holder = desktop.start("flock", str(desktop.container / "widget-snapshot.lock"), "sleep", "600")
+    wait_for(lambda: subprocess.run(["flock", "--nonblock", str(desktop.container / "widget-snapshot.lock"), "true"],
+                                    check=False).returncode == 1, "a held lock")
+    left, top, _, _ = desktop.card(FOCUS)
+    first = row(desktop, 0, 4)
+    desktop.click(left + CIRCLE, top + FIRST_ROW)
+    wait_for(lambda: row(desktop, 0, 4) != first, "the pressed row drawn pending")
+    windows = desktop.window_count()
+    desktop.click(left + 40, top + 130, button=3)
+    wait_for(lambda: desktop.window_count() > windows, "the menu")
+    process.send_signal(signal.SIGTERM)
+    expect(process.wait(5) == 0, "the program did not end well")
+    expect(holder.poll() is None, "the lock was freed")
+
+
+def titles_cause_no_request(desktop):
+    with socket.create_server(("127.0.0.1", 0)) as listener:
+        listener.settimeout(3)
+        image = f'<img src="http://127.0.0.1:{listener.getsockname()[1]}/x">'
+        snapshot = desktop.placeholder()
+        for record in snapshot["tasks"] + snapshot["events"] + snapshot["horizon"]:
+            for key in ("summary", "title", "location", "subject", "label"):
+                if key in record:
+                    record[key] = image
+        desktop.write_snapshot(snapshot)
+        process = desktop.start_widgets()
+        left, top, _, _ = desktop.card(FOCUS)
+        desktop.move(left + TITLE, top + FIRST_ROW)
+        try:
+            listener.accept()
+        except TimeoutError:
+            expect(process.poll() is None, "the program ended")
+            return
+        raise Failed("somebody asked for the image of a title")
+
+
+def main():
+    widgets, vantelctl, scenario = sys.argv[1:]
+    try:
+        with Desktop(str(pathlib.Path(widgets).resolve()), str(pathlib.Path(vantelctl).resolve())) as desktop:
+            globals()[scenario](desktop)
+    except Failed as failure:
+        sys.exit(f"{scenario}: {failure}")
+
+
+main()
