@@ -24,12 +24,11 @@ Q_SIGNALS:
     void resumed();
     void zoneChanged();
 
-private Q_SLOTS:
-    void handleSleep(bool isGoingToSleep);
-    void handleProperties(const QString& interface, const QVariantMap& changed,
-                          const QStringList& invalidated);
-
 private:
+    Q_SLOT void handleSleep(bool isGoingToSleep);
+    Q_SLOT void handleProperties(const QString& interface, const QVariantMap& changed,
+                                 const QStringList& invalidated);
+
     FileWatch m_zoneFile;
 };
 

@@ -28,10 +28,9 @@ Q_SIGNALS:
     /// Emitted only when something differs.
     void changed(const vantel::DesktopPreferences& preferences);
 
-private Q_SLOTS:
-    void takeChange(const QString& space, const QString& key, const QDBusVariant& value);
-
 private:
+    Q_SLOT void takeChange(const QString& space, const QString& key, const QDBusVariant& value);
+
     void askForAll();
     void ask(const SettingName& name, const QString& method);
     void takeReply(const SettingName& name, const QString& method, const QDBusMessage& reply);

@@ -16,7 +16,7 @@ QString freshName() {
 } // namespace
 
 QString sessionBusAddress() {
-    const QString address = qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS");
+    QString address = qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS");
     const QString folder = qEnvironmentVariable("XDG_RUNTIME_DIR");
     if (!address.isEmpty() || folder.isEmpty())
         return address;

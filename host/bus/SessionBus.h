@@ -19,6 +19,7 @@ QString sessionBusAddress();
 /// bus from the beginning or not at all.
 class SessionBus final : public QObject {
     Q_OBJECT
+    Q_DISABLE_COPY_MOVE(SessionBus)
 
 public:
     static constexpr std::chrono::milliseconds firstPause{1000};
@@ -40,10 +41,8 @@ Q_SIGNALS:
     /// the one before.
     void reconnected();
 
-private Q_SLOTS:
-    void handleLoss();
-
 private:
+    Q_SLOT void handleLoss();
     void connectNow();
     void retry();
 

@@ -27,7 +27,7 @@ inline const QDBusArgument& operator>>(const QDBusArgument& argument, WidgetConf
     argument.beginStructure();
     argument >> configuration.kind >> configuration.family;
     argument.endStructure();
-    return argument;
+    return argument; // NOLINT(bugprone-return-const-ref-from-parameter): as the bus library asks for it
 }
 
 } // namespace vantel

@@ -23,10 +23,10 @@ class ApplicationAdaptor final : public QDBusAbstractAdaptor {
 public:
     ApplicationAdaptor(WidgetsService& service, QObject* exported);
 
-public Q_SLOTS:
-    void Activate(const QVariantMap& platformData);
-    void Open(const QStringList& uris, const QVariantMap& platformData); ///< no file is ever opened
-    void ActivateAction(const QString& name, const QVariantList& parameter, const QVariantMap& platformData);
+    Q_SLOT void Activate(const QVariantMap& platformData);
+    Q_SLOT void Open(const QStringList& uris, const QVariantMap& platformData); ///< no file is ever opened
+    Q_SLOT void ActivateAction(const QString& name, const QVariantList& parameter,
+                               const QVariantMap& platformData);
 
 private:
     WidgetsService& m_service;
@@ -40,12 +40,11 @@ class WidgetsAdaptor final : public QDBusAbstractAdaptor {
 public:
     WidgetsAdaptor(WidgetsService& service, QObject* exported);
 
-public Q_SLOTS:
-    void ReloadTimelines(const QString& kind);
-    void ReloadAllTimelines();
-    QList<vantel::WidgetConfiguration> CurrentConfigurations() const;
-    void ShowGallery();
-    void FocusWidgets();
+    Q_SLOT void ReloadTimelines(const QString& kind);
+    Q_SLOT void ReloadAllTimelines();
+    Q_SLOT QList<vantel::WidgetConfiguration> CurrentConfigurations() const;
+    Q_SLOT void ShowGallery();
+    Q_SLOT void FocusWidgets();
 
 private:
     WidgetsService& m_service;

@@ -27,9 +27,8 @@ bool tellsOf(const std::string& name, const Buffer& buffer, std::size_t size) {
         position += sizeof event;
         if ((event.mask & IN_Q_OVERFLOW) != 0)
             return true;
-        const std::string eventName(reinterpret_cast<const char*>(buffer.data() + position),
-                                    event.len); // padded with zeros
-        if (event.len > 0 && eventName.c_str() == name)
+        const char* text = reinterpret_cast<const char*>(buffer.data() + position); // padded with zeros
+        if (std::string_view(text, ::strnlen(text, event.len)) == name)
             return true;
         position += event.len;
     }

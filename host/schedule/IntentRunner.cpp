@@ -34,8 +34,6 @@ IntentRunner::IntentRunner(WidgetBundle bundle, IntentSurroundings surroundings,
     , m_surroundings(std::move(surroundings))
     , m_formats(formats) {}
 
-IntentRunner::~IntentRunner() = default;
-
 void IntentRunner::run(const std::string& kind, const IntentCall& call) {
     if (isPending(call))
         return;

@@ -36,7 +36,6 @@ public:
     /// `formats` lives longer than the runner.
     IntentRunner(WidgetBundle bundle, IntentSurroundings surroundings, const Formats& formats,
                  QObject* parent = nullptr);
-    ~IntentRunner() override;
 
     /// Returns at once. A call that is already running or waiting is passed over: a second press of one
     /// button while the first is on its way. An intent that the bundle does not declare fails.

@@ -29,8 +29,6 @@ TimelineAnswer timelines(const StaticConfiguration& configuration, const Timelin
 TimelineRunner::TimelineRunner(QObject* parent)
     : QObject(parent) {}
 
-TimelineRunner::~TimelineRunner() = default;
-
 void TimelineRunner::ask(const StaticConfiguration& configuration, TimelineRequest request) {
     const auto deliver = [this](const TimelineAnswer& answer) { Q_EMIT answered(answer); };
     m_workers[configuration.kind].run(

@@ -27,15 +27,12 @@ struct TimelineAnswer {
 };
 
 /// Asks providers for timelines on worker threads, one for each kind, so that a provider which blocks for
-/// ever holds up its own kind only.
+/// ever holds up its own kind only. The end of the runner lets go of the workers and waits for none.
 class TimelineRunner final : public QObject {
     Q_OBJECT
 
 public:
     explicit TimelineRunner(QObject* parent = nullptr);
-
-    /// Lets go of the workers and waits for none.
-    ~TimelineRunner() override;
 
     /// Returns at once. A second request of a kind waits for the first.
     void ask(const StaticConfiguration& configuration, TimelineRequest request);

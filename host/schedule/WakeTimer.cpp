@@ -50,12 +50,12 @@ void WakeTimer::wakeAt(std::optional<Instant> moment) {
 
 void WakeTimer::arm(std::int64_t nanoseconds) {
     m_armed = nanoseconds;
-    itimerspec specification{};
-    specification.it_value.tv_sec = nanoseconds / nanosecondsPerSecond;
-    specification.it_value.tv_nsec = nanoseconds % nanosecondsPerSecond;
+    itimerspec setting{};
+    setting.it_value.tv_sec = nanoseconds / nanosecondsPerSecond;
+    setting.it_value.tv_nsec = nanoseconds % nanosecondsPerSecond;
     const int flags = TFD_TIMER_ABSTIME | TFD_TIMER_CANCEL_ON_SET;
     // The clock may have been set since the last look; the kernel says so here, and no more through `read`.
-    if (::timerfd_settime(m_descriptor, flags, &specification, nullptr) != 0 && errno == ECANCELED)
+    if (::timerfd_settime(m_descriptor, flags, &setting, nullptr) != 0 && errno == ECANCELED)
         QMetaObject::invokeMethod(this, &WakeTimer::tellStep, Qt::QueuedConnection);
 }
 

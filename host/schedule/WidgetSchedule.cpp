@@ -34,8 +34,6 @@ WidgetSchedule::WidgetSchedule(WidgetBundle bundle, ScheduleSurroundings surroun
     connect(&m_surroundings.alarm, &Alarm::clockStepped, this, &WidgetSchedule::reloadAll);
 }
 
-WidgetSchedule::~WidgetSchedule() = default;
-
 void WidgetSchedule::setPlaced(const std::set<WidgetKey>& placed) {
     const Instant end = m_surroundings.clock.now() + patience;
     std::erase_if(m_placed, [&](const auto& entry) { return !placed.contains(entry.first); });

@@ -41,7 +41,6 @@ public:
     static constexpr Seconds patience{0.5};
 
     WidgetSchedule(WidgetBundle bundle, ScheduleSurroundings surroundings, QObject* parent = nullptr);
-    ~WidgetSchedule() override;
 
     /// Which widgets there are. New ones are asked for at once; those that are gone cost nothing more. Kinds
     /// that the bundle does not declare are left out.
