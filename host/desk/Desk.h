@@ -92,7 +92,6 @@ private:
     bool isKnown(const std::string& kind, WidgetFamily family) const;
     void placeFirst(const Monitor& monitor);
     std::vector<QRect> cardsOn(const Monitor& monitor, const Uuid& without) const;
-    void settle(Placement& placement, const QRect& card, const Monitor& monitor) const;
     void update();
     void updateWindow(const Placement& placement, const std::vector<Monitor>& monitors);
     Window makeWindow(const Placement& placement);
