@@ -6,6 +6,7 @@
 #include <QPainter>
 #include <QPixmap>
 #include <QPixmapCache>
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <vector>
@@ -15,6 +16,9 @@ namespace vantel {
 namespace {
 
 constexpr double reachPoints = 24;
+
+/// How far along an edge a corner is felt: three deviations, and the way that the shadow falls.
+constexpr double softness = 3 * 9 + 6;
 
 struct Layer {
     double offset; ///< down
@@ -84,44 +88,62 @@ struct Tile {
 Tile tileFor(double scale, double pixelRatio) {
     const double ratio = scale * pixelRatio;
     const int reach = static_cast<int>(std::lround(shadowReach(scale) * pixelRatio));
-    const int corner = static_cast<int>(std::ceil((cardCornerRadius + 27 + 6) * ratio));
+    const int corner = static_cast<int>(std::ceil((cardCornerRadius + softness) * ratio));
     return {ratio, reach, reach + corner};
 }
 
-Opacities cardOpacities(const Tile& tile, double offset) {
-    QImage image(tile.side(), tile.side(), QImage::Format_Alpha8);
+/// How many samples a layer takes along a device pixel: no more than its softness needs.
+double sampling(const Tile& tile, const Layer& layer) {
+    constexpr double enoughForADeviation = 1.5;
+    const double wanted = std::min(1.0, enoughForADeviation / (layer.blur / 2 * tile.ratio));
+    return std::ceil(tile.side() * wanted) / tile.side();
+}
+
+Opacities cardOpacities(const Tile& tile, double offset, double samples) {
+    const int side = static_cast<int>(std::lround(tile.side() * samples));
+    QImage image(side, side, QImage::Format_Alpha8);
     image.fill(0);
     QPainter painter(&image);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
     painter.setBrush(Qt::black);
+    painter.scale(samples, samples);
     const double length = tile.side() - 2.0 * tile.reach;
     painter.drawRoundedRect(QRectF(tile.reach, tile.reach + offset * tile.ratio, length, length),
                             cardCornerRadius * tile.ratio, cardCornerRadius * tile.ratio);
     painter.end();
-    Opacities opacities(tile.side());
-    for (int y = 0; y < tile.side(); ++y)
-        for (int x = 0; x < tile.side(); ++x)
-            opacities.at(x, y) = image.constScanLine(y)[x] / 255.0F;
+    Opacities opacities(side);
+    for (int y = 0; y < side; ++y)
+        std::transform(image.constScanLine(y), image.constScanLine(y) + side, opacities.row(y),
+                       [](uchar opacity) { return opacity; });
     return opacities;
 }
 
-Opacities shadowOf(const Tile& tile, const Layer& layer) {
-    const auto weights = bell(layer.blur / 2 * tile.ratio);
-    const auto across = blurredAlongRows(cardOpacities(tile, layer.offset), weights);
-    return turned(blurredAlongRows(turned(across), weights));
+QImage blackOf(Opacities opacities) {
+    QImage image(opacities.side, opacities.side, QImage::Format_ARGB32_Premultiplied);
+    for (int y = 0; y < opacities.side; ++y)
+        std::transform(opacities.row(y), opacities.row(y) + opacities.side,
+                       reinterpret_cast<QRgb*>(image.scanLine(y)),
+                       [](float opacity) { return qRgba(0, 0, 0, static_cast<int>(std::lround(opacity))); });
+    return image;
+}
+
+QImage shadowOf(const Tile& tile, const Layer& layer) {
+    const double samples = sampling(tile, layer);
+    const auto weights = bell(layer.blur / 2 * tile.ratio * samples);
+    const auto across = blurredAlongRows(cardOpacities(tile, layer.offset, samples), weights);
+    return blackOf(turned(blurredAlongRows(turned(across), weights)));
 }
 
 QImage tileImage(const Tile& tile) {
-    std::array<Opacities, layers.size()> shadows{shadowOf(tile, layers[0]), shadowOf(tile, layers[1])};
     QImage image(tile.side(), tile.side(), QImage::Format_ARGB32_Premultiplied);
-    for (int y = 0; y < tile.side(); ++y)
-        for (int x = 0; x < tile.side(); ++x) {
-            double light = 1;
-            for (std::size_t i = 0; i < layers.size(); ++i)
-                light *= 1 - layers[i].opacity * static_cast<double>(shadows[i].at(x, y));
-            image.setPixel(x, y, qRgba(0, 0, 0, static_cast<int>(std::lround(255 * (1 - light)))));
-        }
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    for (const Layer& layer : layers) {
+        painter.setOpacity(layer.opacity);
+        painter.drawImage(image.rect(), shadowOf(tile, layer));
+    }
     return image;
 }
 
