@@ -1,7 +1,7 @@
 #pragma once
 
+#include "host/WidgetKey.h"
 #include "host/scene/CardWidget.h"
-#include "host/schedule/WidgetKey.h"
 
 #include <QObject>
 #include <QPointer>

@@ -20,7 +20,8 @@ void choose(const char* platform) {
 std::optional<std::string> chooseDisplay(Task task) {
     if (task == Task::renderCard || task == Task::renderGallery) {
         choose("offscreen");
-        ::setenv("QT_LOGGING_RULES", "default.warning=false", 0); // it misses folders that pictures do not need
+        ::setenv("QT_LOGGING_RULES", "default.warning=false",
+                 0); // it misses folders that pictures do not need
         return std::nullopt;
     }
     if (isSet("QT_QPA_PLATFORM"))

@@ -172,12 +172,9 @@ void HostApplication::finish(const IntentOutcome& outcome) {
 }
 
 void HostApplication::place(const PlacedWidgets& placed) {
-    std::set<WidgetKey> keys;
-    for (const PlacedWidget& widget : placed)
-        keys.insert({widget.kind, widget.family});
-    m_schedule.setPlaced(keys);
-    m_service.setConfigurations({keys.begin(), keys.end()});
-    for (const WidgetKey& key : keys)
+    m_schedule.setPlaced(placed);
+    m_service.setConfigurations({placed.begin(), placed.end()});
+    for (const WidgetKey& key : placed)
         showView(key);
 }
 

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "host/WidgetKey.h"
 #include "host/bus/SessionBus.h"
 #include "host/bus/WidgetConfiguration.h"
-#include "host/schedule/WidgetKey.h"
 
 #include <QObject>
 #include <string>

@@ -10,6 +10,14 @@ namespace {
 
 constexpr double gapPoints = 24;
 
+bool isLeft(Corner corner) {
+    return corner == Corner::topLeft || corner == Corner::bottomLeft;
+}
+
+bool isTop(Corner corner) {
+    return corner == Corner::topLeft || corner == Corner::topRight;
+}
+
 QPoint cornerPoint(const QRect& area, QSize card, int inset) {
     return {area.x() + area.width() - inset - card.width(), area.y() + inset};
 }
@@ -66,24 +74,25 @@ QPoint freeSpot(QSize card, const std::vector<QRect>& taken, const QRect& area, 
     return cascaded(card, taken, area, gap);
 }
 
-CornerMargins cornerMargins(const QRect& card, const QRect& screen) {
+Corner nearestCorner(const QRect& card, const QRect& screen) {
+    const auto [left, top] = marginsFrom(Corner::topLeft, card, screen);
+    const auto [right, bottom] = marginsFrom(Corner::bottomRight, card, screen);
+    if (top <= bottom)
+        return left < right ? Corner::topLeft : Corner::topRight;
+    return left < right ? Corner::bottomLeft : Corner::bottomRight;
+}
+
+Margins marginsFrom(Corner corner, const QRect& card, const QRect& screen) {
     const int left = card.x() - screen.x();
     const int top = card.y() - screen.y();
-    const int right = screen.width() - left - card.width();
-    const int bottom = screen.height() - top - card.height();
-    const bool isLeft = left < right;
-    const bool isTop = top <= bottom;
-    const Corner corner = isTop ? (isLeft ? Corner::topLeft : Corner::topRight)
-                                : (isLeft ? Corner::bottomLeft : Corner::bottomRight);
-    return {corner, {isLeft ? left : right, isTop ? top : bottom}};
+    return {isLeft(corner) ? left : screen.width() - left - card.width(),
+            isTop(corner) ? top : screen.height() - top - card.height()};
 }
 
 QPoint positionOf(const Placement& placement, QSize card, const QRect& screen) {
-    const bool isLeft = placement.corner == Corner::topLeft || placement.corner == Corner::bottomLeft;
-    const bool isTop = placement.corner == Corner::topLeft || placement.corner == Corner::topRight;
     const auto [horizontal, vertical] = placement.margins;
-    const int x = isLeft ? horizontal : screen.width() - horizontal - card.width();
-    const int y = isTop ? vertical : screen.height() - vertical - card.height();
+    const int x = isLeft(placement.corner) ? horizontal : screen.width() - horizontal - card.width();
+    const int y = isTop(placement.corner) ? vertical : screen.height() - vertical - card.height();
     return clamped(QRect(screen.topLeft() + QPoint(x, y), card), screen);
 }
 

@@ -53,15 +53,11 @@ QPoint freeSpot(QSize card, const std::vector<QRect>& taken, const QRect& area, 
 /// they are near, else to a grid; always wholly inside the area.
 QPoint snapped(const QRect& wanted, const std::vector<QRect>& neighbours, const QRect& area, double scale);
 
-/// The place of a card in terms of its screen: the nearest corner, and the distances from there.
-struct CornerMargins {
-    Corner corner;
-    Margins margins;
+/// The corner of its screen that a card is nearest to.
+Corner nearestCorner(const QRect& card, const QRect& screen);
 
-    bool operator==(const CornerMargins&) const = default;
-};
-
-CornerMargins cornerMargins(const QRect& card, const QRect& screen);
+/// How far a card is from a corner of its screen.
+Margins marginsFrom(Corner corner, const QRect& card, const QRect& screen);
 
 /// The place of a card on a screen: as the placement says, moved as little as it takes to be on the screen.
 QPoint positionOf(const Placement& placement, QSize card, const QRect& screen);

@@ -16,6 +16,17 @@ const Monitor* monitorAt(QPoint point, const std::vector<Monitor>& monitors) {
     return found != monitors.end() ? &*found : nullptr;
 }
 
+/// Makes a card's place the placement's, as distances from a corner of its monitor.
+void settle(Placement& placement, const QRect& card, const Monitor& monitor, Corner corner) {
+    placement.monitor = monitor.identity;
+    placement.corner = corner;
+    placement.margins = marginsFrom(corner, card, monitor.geometry);
+}
+
+void settle(Placement& placement, const QRect& card, const Monitor& monitor) {
+    settle(placement, card, monitor, nearestCorner(card, monitor.geometry));
+}
+
 bool liesOver(const QRect& card, const std::vector<QRect>& others) {
     return std::ranges::any_of(others, [&](const QRect& other) { return card.intersects(other); });
 }
@@ -51,18 +62,12 @@ void Desk::placeFirst(const Monitor& monitor) {
     for (const auto& [widget, card] :
          firstArrangement(firstRows(m_parts.bundle), monitor.available, m_scale)) {
         Placement placement{.id = m_parts.identifiers.next(), .kind = widget.kind, .family = widget.family};
-        settle(placement, card, monitor);
+        // All keep to one corner, so that they stay together at any resolution.
+        settle(placement, card, monitor, Corner::topRight);
         m_placements.push_back(placement);
     }
     m_isFirstStart = false;
     m_parts.store.save(m_placements);
-}
-
-void Desk::settle(Placement& placement, const QRect& card, const Monitor& monitor) const {
-    const auto [corner, margins] = cornerMargins(card, monitor.geometry);
-    placement.monitor = monitor.identity;
-    placement.corner = corner;
-    placement.margins = margins;
 }
 
 Placement* Desk::find(const Uuid& id) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "host/WidgetKey.h"
 #include "host/desk/Arrangement.h"
 #include "host/desk/PlacementStore.h"
 #include "host/desk/Screens.h"
@@ -14,15 +15,8 @@ namespace vantel {
 
 struct WidgetBundle;
 
-/// A widget in a size, as it stands on the desktop at least once.
-struct PlacedWidget {
-    std::string kind;
-    WidgetFamily family;
-
-    auto operator<=>(const PlacedWidget&) const = default;
-};
-
-using PlacedWidgets = std::set<PlacedWidget>;
+/// What stands on the desktop, each at least once.
+using PlacedWidgets = std::set<WidgetKey>;
 
 /// What a desk works with. All of it outlives the desk.
 struct DeskParts {
@@ -92,7 +86,6 @@ private:
     bool isKnown(const std::string& kind, WidgetFamily family) const;
     void placeFirst(const Monitor& monitor);
     std::vector<QRect> cardsOn(const Monitor& monitor, const Uuid& without) const;
-    void settle(Placement& placement, const QRect& card, const Monitor& monitor) const;
     void update();
     void updateWindow(const Placement& placement, const std::vector<Monitor>& monitors);
     Window makeWindow(const Placement& placement);

@@ -62,8 +62,8 @@ void GalleryTile::paintEvent(QPaintEvent*) {
         drawRing(faded(highlight, hoverOpacity));
 }
 
-void GalleryTile::drawRing(const QColor& color) const {
-    QPainter painter(const_cast<GalleryTile*>(this));
+void GalleryTile::drawRing(const QColor& color) {
+    QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(QPen(color, ringWidth * m_scale));
     const double outside = (ringGap + ringWidth / 2) * m_scale;

@@ -27,7 +27,7 @@ protected:
     bool event(QEvent* event) override;
 
 private:
-    void drawRing(const QColor& color) const;
+    void drawRing(const QColor& color);
 
     QWidget* m_preview;
     double m_scale;

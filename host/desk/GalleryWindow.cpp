@@ -11,6 +11,7 @@
 #include <QPainter>
 #include <QScreen>
 #include <QScrollArea>
+#include <QStyle>
 #include <cmath>
 
 namespace vantel {
@@ -63,8 +64,9 @@ GalleryWindow::GalleryWindow(const WidgetBundle& bundle, const Formats& formats,
     , m_content(new GallerySheet(scale)) {
     setWindowTitle(QString::fromStdString(formats.translated("Add widgets")));
     auto* page = new QVBoxLayout(m_content);
-    page->setContentsMargins(points(edgePoints), points(edgePoints - 8), points(edgePoints),
-                             points(edgePoints));
+    const int edge = points(edgePoints);
+    const int room = GalleryTile::ringRoom(scale);
+    page->setContentsMargins(edge - room, edge - points(8), edge - room, edge);
     page->setSpacing(points(sectionGap));
     page->addLayout(makeHead());
     page->addLayout(makeSections(bundle, makePreview));
@@ -124,15 +126,15 @@ QVBoxLayout* GalleryWindow::makeSections(const WidgetBundle& bundle, const MakeP
 QLayout* GalleryWindow::makeSection(const StaticConfiguration& configuration,
                                     const MakePreview& makePreview) {
     auto* section = new QVBoxLayout;
+    const int room = GalleryTile::ringRoom(m_scale);
     section->setSpacing(points(2));
     section->addWidget(makeText(translated(configuration.displayName), 15, QFont::DemiBold));
     QLabel* description = makeQuietText(translated(configuration.description), 12);
-    description->setFixedWidth(static_cast<int>(widthOf(configuration, m_scale)));
+    description->setFixedWidth(static_cast<int>(widthOf(configuration, m_scale)) + 2 * room);
     section->addWidget(description);
     section->addStretch();
     auto* tiles = new QHBoxLayout;
-    const int room = GalleryTile::ringRoom(m_scale);
-    tiles->setContentsMargins(-room, points(6), -room, 0);
+    tiles->setContentsMargins(0, points(8), 0, 0);
     tiles->setSpacing(cardGap(m_scale) - 2 * room);
     for (const WidgetFamily family : configuration.supportedFamilies)
         tiles->addLayout(makeTile(configuration, family, makePreview(configuration, family)));
@@ -163,6 +165,8 @@ QLabel* GalleryWindow::makeText(const QString& text, double size, int weight) {
     auto* label = new QLabel(text);
     label->setTextFormat(Qt::PlainText);
     label->setWordWrap(true);
+    const int room = GalleryTile::ringRoom(m_scale);
+    label->setContentsMargins(room, 0, room, 0);
     QFont font = label->font();
     font.setPointSizeF(size * m_scale * 72 / logicalDpiY());
     font.setWeight(static_cast<QFont::Weight>(weight));
@@ -193,7 +197,8 @@ void GalleryWindow::choose(const StaticConfiguration& configuration, WidgetFamil
 }
 
 QSize GalleryWindow::sizeHint() const {
-    const QSize wanted = m_content->sizeHint();
+    const int scrollBar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+    const QSize wanted = m_content->sizeHint() + QSize(scrollBar, 0);
     return wanted.boundedTo(screen()->availableSize() * largestShareOfScreen);
 }
 

@@ -39,8 +39,8 @@ private:
     QLayout* makeSection(const StaticConfiguration& configuration, const MakePreview& makePreview);
     QLayout* makeTile(const StaticConfiguration& configuration, WidgetFamily family, QWidget* preview);
     QVBoxLayout* makeSections(const WidgetBundle& bundle, const MakePreview& makePreview);
-    QLabel* makeText(const QString& text, double points, int weight);
-    QLabel* makeQuietText(const QString& text, double points);
+    QLabel* makeText(const QString& text, double size, int weight);
+    QLabel* makeQuietText(const QString& text, double size);
     void choose(const StaticConfiguration& configuration, WidgetFamily family);
     void quieten();
     QString translated(const std::string& key) const;

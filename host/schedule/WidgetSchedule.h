@@ -1,10 +1,10 @@
 #pragma once
 
+#include "host/WidgetKey.h"
 #include "host/schedule/Alarm.h"
 #include "host/schedule/KindSchedule.h"
 #include "host/schedule/TimelineRunner.h"
 #include "host/schedule/WarningLog.h"
-#include "host/schedule/WidgetKey.h"
 #include "hosting/WidgetBundle.h"
 
 #include <QObject>

@@ -16,6 +16,9 @@ namespace {
 
 constexpr double reachPoints = 24;
 
+/// How far along an edge a corner is felt: three deviations, and the way that the shadow falls.
+constexpr double softness = 3 * 9 + 6;
+
 struct Layer {
     double offset; ///< down
     double blur;   ///< twice the standard deviation
@@ -36,7 +39,7 @@ struct Tile {
 Tile tileFor(double scale, double pixelRatio) {
     const double ratio = scale * pixelRatio;
     const int reach = static_cast<int>(std::lround(shadowReach(scale) * pixelRatio));
-    const int corner = static_cast<int>(std::ceil((cardCornerRadius + 27 + 6) * ratio));
+    const int corner = static_cast<int>(std::ceil((cardCornerRadius + softness) * ratio));
     return {ratio, reach, reach + corner};
 }
 

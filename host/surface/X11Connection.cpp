@@ -2,6 +2,7 @@
 
 #include <QGuiApplication>
 #include <algorithm>
+#include <array>
 #include <cstdlib>
 #include <cstring>
 #include <memory>
@@ -133,6 +134,11 @@ void X11Connection::ask(xcb_window_t window, std::string_view message,
     xcb_send_event(m_connection, 0, root(),
                    XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
                    reinterpret_cast<const char*>(&event));
+}
+
+void X11Connection::activate(xcb_window_t window) const {
+    constexpr std::uint32_t fromUser = 2;
+    ask(window, "_NET_ACTIVE_WINDOW", std::array{fromUser, std::uint32_t{XCB_CURRENT_TIME}, 0U, 0U, 0U});
 }
 
 WindowManager runningWindowManager(const X11Connection& connection) {

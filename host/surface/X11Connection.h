@@ -43,6 +43,9 @@ public:
     /// Asks the window manager something about a window.
     void ask(xcb_window_t window, std::string_view message, std::span<const std::uint32_t, 5> values) const;
 
+    /// Asks for the keyboard to go to a window, as the user wishes it.
+    void activate(xcb_window_t window) const;
+
     /// Hands over what was said so far.
     void flush() const { xcb_flush(m_connection); }
 

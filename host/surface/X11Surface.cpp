@@ -1,8 +1,10 @@
 #include "host/surface/X11Surface.h"
 
 #include <QScreen>
+#include <QTimer>
 #include <QWindow>
 #include <array>
+#include <chrono>
 
 #include <xcb/shape.h>
 
@@ -11,6 +13,7 @@ namespace vantel {
 namespace {
 
 constexpr std::uint32_t allWorkspaces = 0xFFFFFFFF;
+constexpr std::chrono::seconds arrivalTime(1);
 constexpr std::uint32_t fromApplication = 1;
 constexpr char windowClass[] = "vantel-widgets\0org.vantel.Widgets";
 
@@ -56,6 +59,16 @@ void X11Surface::show(QScreen* screen, QPoint position) {
     standBelow();
     applyShape();
     m_connection.flush();
+    QTimer::singleShot(arrivalTime, &m_widget, [this] { showAgainIfLost(); });
+}
+
+void X11Surface::showAgainIfLost() {
+    const bool isManaged = m_system.manager().presence == WindowManager::Presence::running &&
+                           m_mode != WindowMode::overrideRedirect;
+    const bool isLost =
+        isManaged && m_widget.isVisible() && m_connection.numbers(window(), "WM_STATE").empty();
+    if (isLost && m_triesLeft-- > 0)
+        show(m_widget.screen(), m_widget.pos());
 }
 
 void X11Surface::chooseFlags() {
@@ -136,7 +149,17 @@ void X11Surface::takeFocus() {
     changeState(StateChange::remove, "_NET_WM_STATE_BELOW");
     changeState(StateChange::add, "_NET_WM_STATE_ABOVE");
     m_widget.raise();
-    m_widget.activateWindow();
+    activate();
+    m_connection.flush();
+}
+
+void X11Surface::activate() const {
+    // The time of the last event that came here may be older than the last change of focus, and a request
+    // with such a time is refused. The user asked for this by other ways, so it is as urgent as a pager's.
+    if (m_mode == WindowMode::overrideRedirect)
+        xcb_set_input_focus(m_connection.xcb(), XCB_INPUT_FOCUS_POINTER_ROOT, window(), XCB_CURRENT_TIME);
+    else
+        m_connection.activate(window());
 }
 
 void X11Surface::giveFocusBack() {
@@ -144,7 +167,7 @@ void X11Surface::giveFocusBack() {
     changeState(StateChange::remove, "_NET_WM_STATE_ABOVE");
     standBelow();
     if (m_widget.isActiveWindow())
-        m_system.restoreFocus(window());
+        m_system.restoreFocus();
     m_connection.flush();
 }
 

@@ -28,15 +28,20 @@ private:
     void announce() const;
     void standBelow() const;
     void lower() const;
+    void activate() const;
     void setKeyboard(Keyboard keyboard) const;
     void changeState(StateChange change, std::string_view first, std::string_view second = {}) const;
     void applyShape() const;
+
+    /// A window manager that is only just starting can miss a window, which then is never seen.
+    void showAgainIfLost();
 
     QWidget& m_widget;
     X11WindowSystem& m_system;
     const X11Connection& m_connection;
     WindowMode m_mode = WindowMode::normalBelow;
     QRegion m_shape;
+    int m_triesLeft = 5;
 };
 
 } // namespace vantel

@@ -3,7 +3,6 @@
 #include "host/surface/X11Surface.h"
 
 #include <QCoreApplication>
-#include <array>
 #include <utility>
 
 #include <xcb/xfixes.h>
@@ -42,12 +41,10 @@ void X11WindowSystem::rememberFocus() {
         m_focusBefore = active.front();
 }
 
-void X11WindowSystem::restoreFocus(xcb_window_t from) {
-    constexpr std::uint32_t fromApplication = 1;
+void X11WindowSystem::restoreFocus() {
     const xcb_window_t before = std::exchange(m_focusBefore, xcb_window_t{XCB_NONE});
-    const std::array values{fromApplication, std::uint32_t{XCB_CURRENT_TIME}, from, 0U, 0U};
     if (before != XCB_NONE)
-        m_connection.ask(before, "_NET_ACTIVE_WINDOW", values);
+        m_connection.activate(before);
 }
 
 void X11WindowSystem::watchCompositor() {

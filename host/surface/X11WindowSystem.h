@@ -24,8 +24,8 @@ public:
     /// Remembers which window has the keyboard, unless it is one of this program's.
     void rememberFocus();
 
-    /// Asks for the keyboard to go from a window of this program to the one that was remembered.
-    void restoreFocus(xcb_window_t from);
+    /// Asks for the keyboard to go back to the window that was remembered.
+    void restoreFocus();
 
 private:
     bool nativeEventFilter(const QByteArray& type, void* message, qintptr* result) override;

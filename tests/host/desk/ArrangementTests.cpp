@@ -129,44 +129,50 @@ TEST(FreeSpot, GrowsItsDistanceWithTheScale) {
 
 struct CornerCase {
     QRect card;
-    CornerMargins expected;
+    Corner corner;
+    Margins margins;
 };
 
 const QRect screen(1920, 100, 1000, 800);
 
 const CornerCase cornerCases[] = {
-    {QRect(1944, 124, 170, 170), {Corner::topLeft, {24, 24}}},
-    {QRect(2720, 130, 170, 170), {Corner::topRight, {30, 30}}},
-    {QRect(1920, 720, 170, 170), {Corner::bottomLeft, {0, 10}}},
-    {QRect(2740, 725, 170, 170), {Corner::bottomRight, {10, 5}}},
-    {QRect(2335, 415, 170, 170), {Corner::topRight, {415, 315}}},
-    {QRect(2334, 416, 170, 170), {Corner::bottomLeft, {414, 314}}},
+    {QRect(1944, 124, 170, 170), Corner::topLeft, {24, 24}},
+    {QRect(2720, 130, 170, 170), Corner::topRight, {30, 30}},
+    {QRect(1920, 720, 170, 170), Corner::bottomLeft, {0, 10}},
+    {QRect(2740, 725, 170, 170), Corner::bottomRight, {10, 5}},
+    {QRect(2335, 415, 170, 170), Corner::topRight, {415, 315}},
+    {QRect(2334, 416, 170, 170), Corner::bottomLeft, {414, 314}},
 };
 
-TEST(CornerMargins, CountFromTheNearestCorner) {
-    for (const auto& [card, expected] : cornerCases)
-        EXPECT_EQ(cornerMargins(card, screen), expected) << card.x();
+TEST(NearestCorner, IsTheOneWithTheShortestWays) {
+    for (const auto& [card, corner, margins] : cornerCases)
+        EXPECT_EQ(nearestCorner(card, screen), corner) << card.x();
 }
 
-Placement at(const CornerMargins& place) {
-    return {.corner = place.corner, .margins = place.margins};
+TEST(MarginsFrom, CountFromTheCorner) {
+    for (const auto& [card, corner, margins] : cornerCases)
+        EXPECT_EQ(marginsFrom(corner, card, screen), margins) << card.x();
+}
+
+Placement at(Corner corner, Margins margins) {
+    return {.corner = corner, .margins = margins};
 }
 
 TEST(PositionOf, IsWhereTheCornerAndMarginsSay) {
-    for (const auto& [card, place] : cornerCases)
-        EXPECT_EQ(positionOf(at(place), card.size(), screen), card.topLeft()) << card.x();
+    for (const auto& [card, corner, margins] : cornerCases)
+        EXPECT_EQ(positionOf(at(corner, margins), card.size(), screen), card.topLeft()) << card.x();
 }
 
 TEST(PositionOf, KeepsItsCornerWhenTheResolutionChanges) {
-    const Placement placement = at({Corner::bottomRight, {10, 5}});
+    const Placement placement = at(Corner::bottomRight, {10, 5});
     EXPECT_EQ(positionOf(placement, smallCard, QRect(0, 0, 640, 480)), QPoint(460, 305));
 }
 
 TEST(PositionOf, IsOnTheScreenWhateverTheMarginsSay) {
     const QRect tiny(0, 0, 640, 480);
-    EXPECT_EQ(positionOf(at({Corner::topLeft, {5000, -40}}), smallCard, tiny), QPoint(470, 0));
-    EXPECT_EQ(positionOf(at({Corner::bottomRight, {5000, -40}}), smallCard, tiny), QPoint(0, 310));
-    EXPECT_EQ(positionOf(at({Corner::bottomRight, {0, 0}}), QSize(700, 500), tiny), QPoint(0, 0));
+    EXPECT_EQ(positionOf(at(Corner::topLeft, {5000, -40}), smallCard, tiny), QPoint(470, 0));
+    EXPECT_EQ(positionOf(at(Corner::bottomRight, {5000, -40}), smallCard, tiny), QPoint(0, 310));
+    EXPECT_EQ(positionOf(at(Corner::bottomRight, {0, 0}), QSize(700, 500), tiny), QPoint(0, 0));
 }
 
 } // namespace

@@ -118,6 +118,15 @@ TEST_F(DeskTest, AFirstStartShowsEveryKindAndRemembersIt) {
     EXPECT_THAT(announced, ElementsAre(PlacedWidgets{{"A", medium}, {"B", medium}, {"C", small}}));
 }
 
+TEST_F(DeskTest, TheFirstArrangementStaysTogetherAtAnotherResolution) {
+    start();
+    Monitor fine = laptop;
+    fine.geometry = fine.available = QRect(0, 0, 1920, 1080);
+    screens.set({fine});
+    EXPECT_THAT(cards(), ElementsAre(QRect(1532, 52, 364, 170), QRect(1532, 246, 364, 170),
+                                     QRect(1726, 440, 170, 170)));
+}
+
 TEST_F(DeskTest, AFirstStartWithoutAMonitorWaitsForOne) {
     screens.set({});
     start();
