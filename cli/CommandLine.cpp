@@ -182,7 +182,7 @@ std::vector<const CLI::App*> namedCommands(const CLI::App& app) {
 std::string joined(const std::vector<const CLI::App*>& commands) {
     std::string names;
     for (std::size_t i = 1; i < commands.size(); ++i)
-        names += (i > 1 ? " " : "") + commands[i]->get_name();
+        names.append(i > 1 ? " " : "").append(commands[i]->get_name());
     return names;
 }
 

@@ -13,7 +13,7 @@ namespace {
 std::string joined(const std::vector<WidgetFamily>& families, std::string_view (*nameOf)(WidgetFamily)) {
     std::string text;
     for (const WidgetFamily family : families)
-        text += (text.empty() ? "" : ", ") + std::string(nameOf(family));
+        text.append(text.empty() ? "" : ", ").append(nameOf(family));
     return text;
 }
 
