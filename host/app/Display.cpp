@@ -12,7 +12,7 @@ bool isSet(const char* variable) {
 }
 
 void choose(const char* platform) {
-    ::setenv("QT_QPA_PLATFORM", platform, 1);
+    ::setenv(platformVariable, platform, 1);
 }
 
 } // namespace
@@ -24,7 +24,7 @@ std::optional<std::string> chooseDisplay(Task task) {
                  0); // it misses folders that pictures do not need
         return std::nullopt;
     }
-    if (isSet("QT_QPA_PLATFORM"))
+    if (isSet(platformVariable))
         return std::nullopt;
     if (isSet("DISPLAY")) {
         choose("xcb");

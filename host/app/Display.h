@@ -7,6 +7,9 @@
 
 namespace vantel {
 
+/// Tells the toolkit what to draw on.
+inline constexpr const char* platformVariable = "QT_QPA_PLATFORM";
+
 /// Chooses what the toolkit draws on, by its environment variable, before there is an application object:
 /// memory for pictures; for widgets the X server, in Wayland sessions too, where an ordinary window could
 /// place itself nowhere. A choice of the user's stands. Returns why there is nothing to draw on, for people.
