@@ -7,6 +7,7 @@
 #include "widgets/VantelWidgetsBundle.h"
 
 #include <QApplication>
+#include <QLocale>
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
@@ -58,7 +59,9 @@ int main(int count, char** words) {
     const QApplication application(count, words);
     if (!isPlatformChosen) // programs that are started from here choose for themselves
         ::unsetenv(platformVariable);
-    const LocalizedFormats formats(currentFormatLocale());
+    const std::string locale = currentFormatLocale();
+    QApplication::setLayoutDirection(QLocale(QString::fromStdString(locale)).textDirection());
+    const LocalizedFormats formats(locale);
     return perform(*options, formats);
 }
 

@@ -1,6 +1,7 @@
 #include "host/scene/SpokenText.h"
 
 #include "host/scene/ActionArea.h"
+#include "host/scene/Notice.h"
 
 #include <QAccessible>
 #include <QAccessibleWidget>
@@ -37,6 +38,8 @@ QAccessibleInterface* sceneInterface(const QString&, QObject* object) {
         return new AccessibleAction(area);
     if (auto* text = qobject_cast<SpokenText*>(object))
         return new QAccessibleWidget(text, QAccessible::StaticText, text->accessibleName());
+    if (auto* notice = qobject_cast<Notice*>(object))
+        return new QAccessibleWidget(notice, QAccessible::AlertMessage, notice->accessibleName());
     return nullptr;
 }
 
