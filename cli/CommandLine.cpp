@@ -47,20 +47,20 @@ private:
         app.parse_complete_callback([this, command] { m_invocation.command = command; });
     }
 
-    template <Command command>
+    template <Command Run>
     void runsPlainly(CLI::App& app) {
-        runs(app, command);
+        runs(app, Run);
     }
 
-    template <Command command>
+    template <Command Run>
     void runsOnASnapshot(CLI::App& app) {
-        runs(app, command);
+        runs(app, Run);
         takeSnapshot(app);
     }
 
-    template <Command command>
+    template <Command Run>
     void runsOnATask(CLI::App& app) {
-        runs(app, command);
+        runs(app, Run);
         takeTask(app);
     }
 
