@@ -1,7 +1,6 @@
 #include "host/app/Display.h"
 
 #include <cstdlib>
-#include <string_view>
 
 #include <xcb/xcb.h>
 
@@ -9,9 +8,13 @@ namespace vantel {
 
 namespace {
 
-bool isSet(const char* variable) {
+std::string valueOf(const char* variable) {
     const char* value = std::getenv(variable);
-    return value != nullptr && *value != '\0';
+    return value == nullptr ? "" : value;
+}
+
+bool isSet(const char* variable) {
+    return !valueOf(variable).empty();
 }
 
 void choose(const char* platform) {
@@ -20,18 +23,17 @@ void choose(const char* platform) {
 
 /// Many sessions ask all programs for Wayland, where an ordinary window could place itself nowhere.
 bool asksForWayland() {
-    const char* value = std::getenv(platformVariable);
-    return value != nullptr && std::string_view(value).starts_with("wayland");
+    return valueOf(platformVariable).starts_with("wayland");
 }
 
 /// The toolkit would end the program with advice to install it anew.
-std::optional<std::string> problemWithServer() {
-    xcb_connection_t* connection = ::xcb_connect(nullptr, nullptr);
+std::optional<std::string> problemWithServer(const std::string& display) {
+    xcb_connection_t* connection = ::xcb_connect(display.c_str(), nullptr);
     const bool isWorking = ::xcb_connection_has_error(connection) == 0;
     ::xcb_disconnect(connection);
     if (isWorking)
         return std::nullopt;
-    return "the display " + std::string(std::getenv("DISPLAY")) + " does not answer";
+    return "the display " + display + " does not answer";
 }
 
 } // namespace
@@ -47,7 +49,7 @@ std::optional<std::string> chooseDisplay(Task task) {
         return std::nullopt;
     if (isSet("DISPLAY")) {
         choose("xcb");
-        return problemWithServer();
+        return problemWithServer(valueOf("DISPLAY"));
     }
     if (isSet("WAYLAND_DISPLAY"))
         return "this Wayland session has no X server (Xwayland) beside it, which the widgets need";

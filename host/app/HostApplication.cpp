@@ -202,7 +202,8 @@ void HostApplication::takePreferences(const DesktopPreferences& preferences) {
     m_cards.setLook(look);
     m_desk.setScale(look.scale);
     if (!m_gallery.isNull()) {
-        delete m_gallery;
+        m_gallery->deleteLater();
+        m_gallery = nullptr;
         showGallery();
     }
 }
