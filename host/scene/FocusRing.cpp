@@ -12,7 +12,7 @@ constexpr double width = 2;
 
 bool isKeyboardFocus(Qt::FocusReason reason) {
     return reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason ||
-           reason == Qt::ShortcutFocusReason;
+           reason == Qt::ShortcutFocusReason || reason == Qt::ActiveWindowFocusReason;
 }
 
 void drawFocusRing(QPainter& painter, const QWidget& widget, double radius) {
