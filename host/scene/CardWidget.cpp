@@ -4,8 +4,8 @@
 #include "host/scene/Countdown.h"
 #include "host/scene/FocusRing.h"
 #include "host/scene/Notice.h"
+#include "host/scene/SceneAccessibility.h"
 #include "host/scene/ScenePainter.h"
-#include "host/scene/SpokenText.h"
 #include "host/scene/Targets.h"
 
 #include <QKeyEvent>
