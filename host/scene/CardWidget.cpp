@@ -122,9 +122,10 @@ void CardWidget::showNotice(const QString& text) {
 
 void CardWidget::focusFirst() {
     if (scene::ActionArea* area = m_private->targets.first())
-        area->setFocus(Qt::TabFocusReason);
-    else
-        setFocus(Qt::TabFocusReason);
+        return area->takeKeyboard();
+    m_private->hasRing = true;
+    setFocus(Qt::TabFocusReason);
+    update();
 }
 
 void CardWidget::paintEvent(QPaintEvent*) {
@@ -140,7 +141,7 @@ void CardWidget::paintEvent(QPaintEvent*) {
         painter.drawPixmap(0, 0, m_private->before);
         painter.setOpacity(1);
     }
-    if (m_private->hasRing)
+    if (m_private->hasRing && hasFocus())
         scene::drawFocusRing(painter, *this, cardCornerRadius * m_private->look.scale);
 }
 
@@ -167,12 +168,12 @@ void CardWidget::keyPressEvent(QKeyEvent* event) {
 }
 
 void CardWidget::focusInEvent(QFocusEvent* event) {
-    m_private->hasRing = scene::isKeyboardFocus(event->reason());
+    m_private->hasRing = scene::hasRingAfterFocusIn(m_private->hasRing, event->reason());
     update();
 }
 
-void CardWidget::focusOutEvent(QFocusEvent*) {
-    m_private->hasRing = false;
+void CardWidget::focusOutEvent(QFocusEvent* event) {
+    m_private->hasRing = scene::hasRingAfterFocusOut(m_private->hasRing, event->reason());
     update();
 }
 
