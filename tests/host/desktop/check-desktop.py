@@ -287,10 +287,11 @@ def unreadable_placements_are_set_aside(desktop):
     desktop.state.mkdir()
     (desktop.state / "placements.json").write_text("{")
     desktop.start(desktop.widgets)
-    wait_for(lambda: (desktop.state / "placements.json").read_text() != "{", "new placements")
-    expect(len(desktop.placements()) == 4, f"the placements are {desktop.placements()}")
-    aside = [each.name for each in desktop.state.iterdir() if each.read_text() == "{"]
-    expect(len(aside) == 1 and aside != ["placements.json"], f"the folder has {list(desktop.state.iterdir())}")
+
+    def set_aside():
+        return [each for each in desktop.state.iterdir() if each.name != "placements.json"]
+    wait_for(lambda: [each.read_text() for each in set_aside()] == ["{"], "the old file beside the new one")
+    wait_for(lambda: len(desktop.placements()) == 4, "four placements")
 
 
 def zone_where(moment, hour):
