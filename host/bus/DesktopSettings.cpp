@@ -27,6 +27,9 @@ DesktopSettings::DesktopSettings(SessionBus& bus, QObject* parent)
     : QObject(parent)
     , m_bus(bus)
     , m_preferences(vantel::preferences({}, isPaletteDark())) {
+    // Otherwise the bus library may not know the type yet, and then it quietly connects no slot that takes
+    // it.
+    qRegisterMetaType<QDBusVariant>();
     QCoreApplication::instance()->installEventFilter(this);
     connect(&m_bus, &SessionBus::reconnected, this, &DesktopSettings::askForAll);
     askForAll();

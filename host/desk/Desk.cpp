@@ -198,8 +198,10 @@ Desk::Window Desk::makeWindow(const Placement& placement) {
     const StaticConfiguration& configuration = *m_parts.bundle.widget(placement.kind);
     Window window(new CardWindow(m_parts.makeCard(placement), m_scale, m_parts.windows, m_parts.formats));
     window->setFamilies({configuration.supportedFamilies, placement.family});
-    window->setWindowTitle(
-        QString::fromStdString(m_parts.formats.translated(configuration.displayName.c_str())));
+    const QString name =
+        QString::fromStdString(m_parts.formats.translated(configuration.displayName.c_str()));
+    window->setWindowTitle(name);
+    window->card()->setAccessibleName(name);
     connectWindow(*window, placement.id);
     return window;
 }

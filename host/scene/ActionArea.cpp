@@ -28,9 +28,20 @@ void ActionArea::paintEvent(QPaintEvent*) {
     drawFocusRing(painter, *this, ringRadius);
 }
 
+void ActionArea::takeKeyboard() {
+    m_hasRing = true;
+    setFocus(Qt::TabFocusReason);
+    update();
+}
+
 void ActionArea::focusInEvent(QFocusEvent* event) {
-    m_hasRing = isKeyboardFocus(event->reason());
+    m_hasRing = hasRingAfterFocusIn(m_hasRing, event->reason());
     QAbstractButton::focusInEvent(event);
+}
+
+void ActionArea::focusOutEvent(QFocusEvent* event) {
+    m_hasRing = hasRingAfterFocusOut(m_hasRing, event->reason());
+    QAbstractButton::focusOutEvent(event);
 }
 
 /// A first click may have brought another task under the pointer, and the second one was never meant for it.

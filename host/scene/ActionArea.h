@@ -16,11 +16,15 @@ public:
 
     const Target& target() const { return m_target; }
 
+    /// Takes the focus, with its ring, at once or as soon as the window is active.
+    void takeKeyboard();
+
 protected:
     void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
 
 private:
     Target m_target;

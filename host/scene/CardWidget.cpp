@@ -4,8 +4,8 @@
 #include "host/scene/Countdown.h"
 #include "host/scene/FocusRing.h"
 #include "host/scene/Notice.h"
+#include "host/scene/SceneAccessibility.h"
 #include "host/scene/ScenePainter.h"
-#include "host/scene/SpokenText.h"
 #include "host/scene/Targets.h"
 
 #include <QKeyEvent>
@@ -124,9 +124,10 @@ void CardWidget::showNotice(const QString& text) {
 
 void CardWidget::focusFirst() {
     if (scene::ActionArea* area = m_private->targets.first())
-        area->setFocus(Qt::TabFocusReason);
-    else
-        setFocus(Qt::TabFocusReason);
+        return area->takeKeyboard();
+    m_private->hasRing = true;
+    setFocus(Qt::TabFocusReason);
+    update();
 }
 
 void CardWidget::paintEvent(QPaintEvent*) {
@@ -142,7 +143,7 @@ void CardWidget::paintEvent(QPaintEvent*) {
         painter.drawPixmap(0, 0, m_private->before);
         painter.setOpacity(1);
     }
-    if (m_private->hasRing)
+    if (m_private->hasRing && hasFocus())
         scene::drawFocusRing(painter, *this, cardCornerRadius * m_private->look.scale);
 }
 
@@ -169,12 +170,12 @@ void CardWidget::keyPressEvent(QKeyEvent* event) {
 }
 
 void CardWidget::focusInEvent(QFocusEvent* event) {
-    m_private->hasRing = scene::isKeyboardFocus(event->reason());
+    m_private->hasRing = scene::hasRingAfterFocusIn(m_private->hasRing, event->reason());
     update();
 }
 
-void CardWidget::focusOutEvent(QFocusEvent*) {
-    m_private->hasRing = false;
+void CardWidget::focusOutEvent(QFocusEvent* event) {
+    m_private->hasRing = scene::hasRingAfterFocusOut(m_private->hasRing, event->reason());
     update();
 }
 

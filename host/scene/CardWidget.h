@@ -44,6 +44,9 @@ public:
     /// Moves the keyboard focus to the first link or button.
     void focusFirst();
 
+    /// Does what a click beside all links and buttons does: opens the view's own link, where it has one.
+    void openOwnLink();
+
 Q_SIGNALS:
     void linkActivated(const vantel::Url& url);
     void intentPressed(const vantel::IntentCall& intent);
@@ -62,7 +65,6 @@ private:
     void markPending();
     void startFade();
     void activate(const scene::Target& target);
-    void openOwnLink();
 
     struct Private;
     std::unique_ptr<Private> m_private;

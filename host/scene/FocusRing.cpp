@@ -10,9 +10,15 @@ constexpr double width = 2;
 
 } // namespace
 
-bool isKeyboardFocus(Qt::FocusReason reason) {
+bool hasRingAfterFocusIn(bool hadRing, Qt::FocusReason reason) {
+    if (reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason)
+        return hadRing;
     return reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason ||
            reason == Qt::ShortcutFocusReason;
+}
+
+bool hasRingAfterFocusOut(bool hadRing, Qt::FocusReason reason) {
+    return hadRing && reason == Qt::PopupFocusReason;
 }
 
 void drawFocusRing(QPainter& painter, const QWidget& widget, double radius) {

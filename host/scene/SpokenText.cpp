@@ -1,60 +1,12 @@
 #include "host/scene/SpokenText.h"
 
-#include "host/scene/ActionArea.h"
-#include "host/scene/Notice.h"
-
-#include <QAccessible>
-#include <QAccessibleWidget>
-#include <tuple>
-
 namespace vantel::scene {
-
-namespace {
-
-/// A link is pressed like a button; it only has another name.
-class AccessibleAction final : public QAccessibleWidget {
-public:
-    explicit AccessibleAction(ActionArea* area)
-        : QAccessibleWidget(area, isLink(*area) ? QAccessible::Link : QAccessible::Button)
-        , m_area(area) {}
-
-    QStringList actionNames() const override { return {pressAction()}; }
-
-    void doAction(const QString& name) override {
-        if (name == pressAction())
-            m_area->click();
-    }
-
-    QStringList keyBindingsForAction(const QString&) const override { return {}; }
-
-private:
-    static bool isLink(const ActionArea& area) { return std::holds_alternative<Url>(area.target().action); }
-
-    ActionArea* m_area;
-};
-
-QAccessibleInterface* sceneInterface(const QString&, QObject* object) {
-    if (auto* area = qobject_cast<ActionArea*>(object))
-        return new AccessibleAction(area);
-    if (auto* text = qobject_cast<SpokenText*>(object))
-        return new QAccessibleWidget(text, QAccessible::StaticText, text->accessibleName());
-    if (auto* notice = qobject_cast<Notice*>(object))
-        return new QAccessibleWidget(notice, QAccessible::AlertMessage, notice->accessibleName());
-    return nullptr;
-}
-
-} // namespace
 
 SpokenText::SpokenText(QWidget* card)
     : QWidget(card) {
     setAttribute(Qt::WA_TransparentForMouseEvents);
     setAttribute(Qt::WA_NoSystemBackground);
     setFocusPolicy(Qt::NoFocus);
-}
-
-void installSceneAccessibility() {
-    static const bool isInstalled = (QAccessible::installFactory(sceneInterface), true);
-    std::ignore = isInstalled;
 }
 
 } // namespace vantel::scene

@@ -13,7 +13,4 @@ public:
     explicit SpokenText(QWidget* card);
 };
 
-/// Lets assistive technology know what is on cards by its role. Only the first call does anything.
-void installSceneAccessibility();
-
 } // namespace vantel::scene

@@ -8,9 +8,15 @@ import subprocess
 import tempfile
 import time
 
+from session_bus import call, connect
+
 
 class Failed(Exception):
     """What was expected did not come."""
+
+
+class Skipped(Exception):
+    """This machine does not let it be tried."""
 
 
 def wait_for(condition, what, seconds=15):
@@ -36,7 +42,7 @@ class Desktop:
         self.widgets, self.vantelctl = widgets, vantelctl
         self.folder = pathlib.Path(tempfile.mkdtemp(prefix="vantel-desktop-"))
         self.environment = dict(os.environ, HOME=str(self.folder), TZ="Europe/Berlin", LC_ALL="C.UTF-8",
-                                NO_AT_BRIDGE="1", PATH=f"{self.folder / 'bin'}:{os.environ['PATH']}")
+                                PATH=f"{self.folder / 'bin'}:{os.environ['PATH']}")
         for name in ("DATA_HOME", "STATE_HOME", "CONFIG_HOME", "RUNTIME_DIR"):
             path = self.folder / name.lower()
             path.mkdir(mode=0o700)
@@ -67,7 +73,7 @@ class Desktop:
     def start_display(self):
         reading, writing = os.pipe()
         self.start("Xvfb", "-displayfd", str(writing), "-screen", "0", f"{self.width}x{self.height}x24",
-                   "-nolisten", "tcp", pass_fds=[writing])
+                   "-nolisten", "tcp", "-noreset", pass_fds=[writing])
         os.close(writing)
         with os.fdopen(reading) as numbers:
             self.environment["DISPLAY"] = ":" + numbers.readline().strip()
@@ -76,6 +82,7 @@ class Desktop:
         daemon = self.start("dbus-daemon", "--session", "--nofork", "--print-address=1", stdout=subprocess.PIPE,
                             text=True)
         self.environment["DBUS_SESSION_BUS_ADDRESS"] = daemon.stdout.readline().strip()
+        self.bus = connect(self.environment["DBUS_SESSION_BUS_ADDRESS"])
 
     def start(self, *words, **options):
         options.setdefault("stdout", subprocess.DEVNULL)
@@ -96,6 +103,10 @@ class Desktop:
     def container(self):
         return next((self.folder / "data_home" / "group-containers").iterdir())
 
+    @property
+    def state(self):
+        return self.folder / "state_home" / "vantel-widgets"
+
     def write_snapshot(self, snapshot):
         document = self.folder / "document.json"
         document.write_text(json.dumps(snapshot))
@@ -112,16 +123,27 @@ class Desktop:
         return [json.loads(line) for line in file.read_text().splitlines()] if file.exists() else []
 
     def placements(self):
-        file = self.folder / "state_home" / "vantel-widgets" / "placements.json"
+        file = self.state / "placements.json"
         return json.loads(file.read_text())["placements"] if file.exists() else []
 
-    def start_widgets(self):
+    def start_widgets(self, *launcher):
         """Returns once the four cards are drawn and nothing on the screen moves any more."""
-        process = self.start(self.widgets)
+        process = self.start(*launcher, self.widgets)
         wait_for(lambda: len(self.placements()) == 4, "four placements")
         wait_for(lambda: all(self.is_drawn(each) for each in self.placements()), "four drawn cards")
         self.wait_until_still()
         return process
+
+    def ask(self, method, signature="()", *arguments):
+        """Calls a method of the running program over the session bus."""
+        return call(self.bus, "org.vantel.Widgets", "/org/vantel/Widgets", "org.vantel.Widgets1." + method, signature,
+                    *arguments)
+
+    @staticmethod
+    def memory(process):
+        """The bytes that a process keeps in memory."""
+        pages = pathlib.Path(f"/proc/{process.pid}/statm").read_text().split()[1]
+        return int(pages) * os.sysconf("SC_PAGE_SIZE")
 
     # ---- the screen
 
@@ -162,6 +184,9 @@ class Desktop:
         self.move(x, y)
         self.run("xdotool", "click", str(button))
 
+    def press_keys(self, *keys):
+        self.run("xdotool", "key", *keys)
+
     def drag(self, start, end):
         self.move(*start)
         self.run("xdotool", "mousedown", "1")
@@ -170,5 +195,28 @@ class Desktop:
             self.move(*(round(a + (b - a) * i / steps) for a, b in zip(start, end)))
         self.run("xdotool", "mouseup", "1")
 
+    def focused(self, name):
+        """The window that has the keyboard, if it has that name."""
+        window = self.output("xdotool", "getwindowfocus").strip()
+        return window if self.output("xdotool", "getwindowname", window).strip() == name else None
+
     def window_count(self):
         return len(self.output("xdotool", "search", "--onlyvisible", "--name", ".*").split())
+
+
+class OwnZone:
+    """Lets a program see another zone than the machine's: it gets a copy of the system's settings for its own."""
+
+    def __init__(self, desktop):
+        self.settings = desktop.folder / "etc"
+        self.launcher = ["unshare", "--mount", "sh", "-c", f'mount --bind "{self.settings}" /etc && exec "$0"']
+        if subprocess.run(["unshare", "--mount", "true"], stderr=subprocess.DEVNULL, check=False).returncode != 0:
+            raise Skipped("no mounts of one's own here")
+        subprocess.run(["cp", "-a", "/etc", str(self.settings)], stderr=subprocess.DEVNULL, check=False)
+        del desktop.environment["TZ"]
+
+    def move_to(self, zone):
+        """Points the link of the zone elsewhere, as the system does."""
+        link = self.settings / "localtime.new"
+        link.symlink_to(f"/usr/share/zoneinfo/{zone}")
+        link.rename(self.settings / "localtime")

@@ -262,6 +262,28 @@ TEST_F(CardWidgetTest, EveryLinkButtonAndTextHasARoleANameAndAnAction) {
     EXPECT_EQ(intents.count(), 1);
 }
 
+TEST_F(CardWidgetTest, TheCardItselfIsPressedLikeALinkAndHoldsTheOthers) {
+    QAccessibleInterface* whole = QAccessible::queryAccessibleInterface(&card);
+    ASSERT_NE(whole, nullptr);
+    EXPECT_EQ(whole->role(), QAccessible::Grouping);
+    whole->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    ASSERT_EQ(links.count(), 1);
+    EXPECT_EQ(links.front().front().value<Url>(), Url{"vantel://focus"});
+}
+
+TEST_F(CardWidgetTest, ACardThatIsAskedInShowsWhereTheKeyboardIs) {
+    QApplication::setActiveWindow(nullptr);
+    const QImage idle = picture();
+    card.focusFirst();
+    EXPECT_EQ(picture(), idle);
+    QApplication::setActiveWindow(&card);
+    EXPECT_NE(picture(), idle);
+    QApplication::setActiveWindow(nullptr);
+    EXPECT_EQ(picture(), idle);
+    QApplication::setActiveWindow(&card);
+    EXPECT_EQ(picture(), idle) << "a click may make the window active";
+}
+
 } // namespace
 
 } // namespace vantel

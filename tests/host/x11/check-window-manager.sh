@@ -52,7 +52,7 @@ start() {
     started=("$!" "${started[@]}")
 }
 
-Xvfb -displayfd 3 -screen 0 1000x700x24 -nolisten tcp 3>"$scratch/display" 2>"$scratch/Xvfb.log" &
+Xvfb -displayfd 3 -screen 0 1000x700x24 -nolisten tcp -noreset 3>"$scratch/display" 2>"$scratch/Xvfb.log" &
 started+=("$!")
 waits_for test -s "$scratch/display" || fail "Xvfb did not start"
 DISPLAY=:$(cat "$scratch/display")
