@@ -66,8 +66,7 @@ CardWidget::~CardWidget() {
 void CardWidget::setView(const WidgetView& view) {
     if (m_private->view == view)
         return;
-    const bool isSameFamily = m_private->view && m_private->view->family == view.family;
-    if (isSameFamily && isVisible() && m_private->look.motion == Motion::full)
+    if (canFadeTo(view))
         startFade();
     m_private->pending.reset();
     m_private->state = {};
@@ -186,6 +185,13 @@ void CardWidget::layOut() {
     setFixedSize(QSizeF(size).toSize());
     m_private->targets.follow(m_private->scene, m_private->look.scale);
     update();
+}
+
+/// An empty card has nothing to fade from: its first view is there at once.
+bool CardWidget::canFadeTo(const WidgetView& view) const {
+    const bool isSameFamily = m_private->view && m_private->view->family == view.family;
+    return isSameFamily && !m_private->scene.pieces.empty() && isVisible() &&
+           m_private->look.motion == Motion::full;
 }
 
 void CardWidget::startFade() {

@@ -60,6 +60,7 @@ protected:
 
 private:
     void layOut();
+    bool canFadeTo(const WidgetView& view) const;
     void startFade();
     void activate(const scene::Target& target);
     void openOwnLink();
