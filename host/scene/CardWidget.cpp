@@ -75,8 +75,7 @@ CardWidget::~CardWidget() {
 void CardWidget::setView(const WidgetView& view) {
     if (m_private->view && showsTheSame(*m_private->view, view))
         return;
-    const bool isSameFamily = m_private->view && m_private->view->family == view.family;
-    if (isSameFamily && isVisible() && m_private->look.motion == Motion::full)
+    if (canFadeTo(view))
         startFade();
     m_private->view = view;
     layOut();
@@ -200,6 +199,13 @@ void CardWidget::markPending() {
         if (call != nullptr && target->row && contains(m_private->pending, *call))
             m_private->state.pendingRows.push_back(*target->row);
     }
+}
+
+/// An empty card has nothing to fade from: its first view is there at once.
+bool CardWidget::canFadeTo(const WidgetView& view) const {
+    const bool isSameFamily = m_private->view && m_private->view->family == view.family;
+    return isSameFamily && !m_private->scene.pieces.empty() && isVisible() &&
+           m_private->look.motion == Motion::full;
 }
 
 void CardWidget::startFade() {

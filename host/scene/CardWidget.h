@@ -63,6 +63,7 @@ protected:
 private:
     void layOut();
     void markPending();
+    bool canFadeTo(const WidgetView& view) const;
     void startFade();
     void activate(const scene::Target& target);
 

@@ -195,6 +195,18 @@ TEST_F(CardWidgetTest, APressedRowIsDrawnPendingUntilItsPressHasEnded) {
     EXPECT_EQ(picture(), idle);
 }
 
+TEST_F(CardWidgetTest, AnEmptyCardDoesNotFadeToItsFirstView) {
+    const QImage expected = picture();
+    Look look = testLook();
+    look.motion = Motion::reduced;
+    card.setLook(look);
+    card.setView(viewOf(Element{Column{}}));
+    look.motion = Motion::full;
+    card.setLook(look);
+    card.setView(twoTasks());
+    EXPECT_EQ(picture(), expected);
+}
+
 TEST_F(CardWidgetTest, TheKeyboardFocusStaysWhileTheCardSaysTheSame) {
     card.activateWindow();
     card.focusFirst();
