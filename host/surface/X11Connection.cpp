@@ -150,6 +150,11 @@ void X11Connection::activate(xcb_window_t window) const {
     ask(window, "_NET_ACTIVE_WINDOW", std::array{fromUser, std::uint32_t{XCB_CURRENT_TIME}, 0U, 0U, 0U});
 }
 
+void X11Connection::releaseKeyboard() const {
+    xcb_set_input_focus(m_connection, XCB_INPUT_FOCUS_POINTER_ROOT, XCB_INPUT_FOCUS_POINTER_ROOT,
+                        XCB_CURRENT_TIME);
+}
+
 WindowManager runningWindowManager(const X11Connection& connection) {
     const xcb_window_t window = checkWindow(connection);
     // A window manager that crashed leaves the root's property behind, but not the window that it names.

@@ -50,6 +50,9 @@ public:
     /// Asks for the keyboard to go to a window, as the user wishes it.
     void activate(xcb_window_t window) const;
 
+    /// Takes the keyboard from whichever window has it.
+    void releaseKeyboard() const;
+
     /// Hands over what was said so far.
     void flush() const { xcb_flush(m_connection); }
 
