@@ -102,6 +102,7 @@ void CardWindow::showAgain() {
 
 void CardWindow::takeFocus() {
     m_hasTakenFocus = true;
+    clearFocusOfCard();
     m_surface->takeFocus();
     firstStop(m_card)->setFocus(Qt::TabFocusReason);
     Q_EMIT focusTaken();
@@ -112,6 +113,14 @@ void CardWindow::giveFocusBack() {
         return;
     clearFocusOfCard();
     m_surface->giveFocusBack();
+}
+
+/// The window system says only that the window is active, which is no reason for a ring. Whoever asked for
+/// the keyboard walks with it.
+void CardWindow::showFocus() {
+    QWidget* focused = focusWidget();
+    if (m_hasTakenFocus && focused != nullptr)
+        focused->setFocus(Qt::TabFocusReason);
 }
 
 void CardWindow::clearFocusOfCard() {
@@ -167,8 +176,8 @@ void CardWindow::keyPressEvent(QKeyEvent* event) {
 }
 
 void CardWindow::changeEvent(QEvent* event) {
-    if (event->type() == QEvent::ActivationChange && !isActiveWindow())
-        giveFocusBack();
+    if (event->type() == QEvent::ActivationChange)
+        isActiveWindow() ? showFocus() : giveFocusBack();
     QWidget::changeEvent(event);
 }
 

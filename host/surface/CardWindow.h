@@ -72,6 +72,7 @@ private:
     void layOut();
     void shapeCard();
     void showAgain();
+    void showFocus();
     void clearFocusOfCard();
 
     QWidget* m_card;

@@ -54,6 +54,26 @@ def two_clicks_on_one_circle_complete_one_task(desktop):
            f"the journal has {desktop.journal()}")
 
 
+def keys_walk_a_card_and_complete_a_task(desktop):
+    desktop.write_snapshot(desktop.placeholder())
+    desktop.start_widgets()
+    left, top, _, _ = desktop.card(FOCUS)
+    circles = [(left + CIRCLE - 12, top + FIRST_ROW - 12 + i * ROW, 24, 24) for i in range(2)]
+    bare = [desktop.picture(*circle) for circle in circles]
+
+    def ringed():
+        return [i for i in range(2) if desktop.picture(*circles[i]) != bare[i]]
+    desktop.focus_widgets()
+    wait_for(lambda: ringed() == [0], "a ring on the first circle")
+    desktop.key("Tab")
+    wait_for(lambda: ringed() == [], "the ring on the first title")
+    desktop.key("Tab")
+    wait_for(lambda: ringed() == [1], "the ring on the second circle")
+    desktop.key("Return")
+    wait_for(desktop.journal, "a journal line")
+    expect([each["todoID"] for each in desktop.journal()] == ["demo-2"], f"the journal has {desktop.journal()}")
+
+
 def escape_gives_the_keyboard_away(desktop):
     desktop.write_snapshot(desktop.placeholder())
     desktop.start_widgets()

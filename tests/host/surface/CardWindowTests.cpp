@@ -17,6 +17,21 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
+/// Remembers why the focus came last.
+class FocusReasons final : public QObject {
+public:
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == QEvent::FocusIn)
+            m_reasons.push_back(static_cast<QFocusEvent*>(event)->reason());
+        return false;
+    }
+
+    const std::vector<Qt::FocusReason>& all() const { return m_reasons; }
+
+private:
+    std::vector<Qt::FocusReason> m_reasons;
+};
+
 struct CardWindowTest : ::testing::Test {
     PlainFormats formats;
     PlainWindowSystem windows;
@@ -162,6 +177,25 @@ TEST_F(CardWindowTest, KeysPressWhatHasTheFocusUntilEscape) {
     key(Qt::Key_Tab);
     key(Qt::Key_Space);
     EXPECT_EQ(presses, 1);
+}
+
+TEST_F(CardWindowTest, TheFirstStopHearsThatTheFocusCameByKeys) {
+    FocusReasons reasons;
+    circle->installEventFilter(&reasons);
+    window->takeFocus();
+    QCoreApplication::processEvents();
+    EXPECT_THAT(reasons.all(), ElementsAre(Qt::TabFocusReason));
+}
+
+TEST_F(CardWindowTest, AStopThatHasTheFocusAlreadyHearsItAnew) {
+    window->activateWindow();
+    QCoreApplication::processEvents();
+    circle->setFocus(Qt::OtherFocusReason);
+    FocusReasons reasons;
+    circle->installEventFilter(&reasons);
+    window->takeFocus();
+    QCoreApplication::processEvents();
+    EXPECT_THAT(reasons.all(), ElementsAre(Qt::TabFocusReason));
 }
 
 TEST_F(CardWindowTest, KeysThatNobodyBroughtPressNothing) {
