@@ -7,6 +7,7 @@
 #include "widgets/VantelWidgetsBundle.h"
 
 #include <QApplication>
+#include <QLocale>
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
@@ -21,12 +22,19 @@ HostedWidgets hostedWidgets() {
             }};
 }
 
+/// A provider that waits for a lock may still run in a thread of its own. It must not meet what a program
+/// takes down as it ends; the kernel takes everything down at once.
+[[noreturn]] void leave(int status) {
+    std::fflush(nullptr);
+    std::_Exit(status);
+}
+
 int perform(const Options& options, const Formats& formats) {
     switch (options.task) {
     case Task::run:
-        return HostApplication(hostedWidgets(), formats).run();
+        leave(HostApplication(hostedWidgets(), formats).run());
     case Task::showGallery:
-        return HostApplication(hostedWidgets(), formats).runWithGallery();
+        leave(HostApplication(hostedWidgets(), formats).runWithGallery());
     case Task::renderCard:
     case Task::renderGallery:
         return drawPicture(options, VantelWidgetsBundle::body(), SystemCalendar::current(), formats);
@@ -41,6 +49,7 @@ int main(int count, char** words) {
         std::fputs(options.error().text.c_str(), options.error().status == 0 ? stdout : stderr);
         return options.error().status;
     }
+    const bool isPlatformChosen = std::getenv(platformVariable) != nullptr;
     if (const auto problem = chooseDisplay(options->task)) {
         std::fprintf(stderr, "vantel-widgets: %s\n", problem->c_str());
         return EXIT_FAILURE;
@@ -48,7 +57,11 @@ int main(int count, char** words) {
     QApplication::setApplicationName(QStringLiteral("vantel-widgets"));
     QApplication::setDesktopFileName(QStringLiteral("org.vantel.Widgets"));
     const QApplication application(count, words);
-    const LocalizedFormats formats(currentFormatLocale());
+    if (!isPlatformChosen) // programs that are started from here choose for themselves
+        ::unsetenv(platformVariable);
+    const std::string locale = currentFormatLocale();
+    QApplication::setLayoutDirection(QLocale(QString::fromStdString(locale)).textDirection());
+    const LocalizedFormats formats(locale);
     return perform(*options, formats);
 }
 

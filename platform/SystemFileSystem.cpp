@@ -88,7 +88,7 @@ bool isDirectory(const FileURL& path) {
 class SystemFileSystem final : public FileSystem {
 public:
     Result<void> createDirectories(const FileURL& directory) override {
-        if (makesDirectory(directory))
+        if (isDirectory(directory) || makesDirectory(directory))
             return {};
         if (errno == ENOENT && directory.has_relative_path()) {
             if (auto parent = createDirectories(directory.parent_path()); !parent)

@@ -63,8 +63,8 @@ void CardShelf::setPending(const std::string& kind, const IntentCall& intent) {
     forEachOf(kind, [&](CardWidget& card) { card.setPending(intent); });
 }
 
-void CardShelf::clearPending(const std::string& kind) {
-    forEachOf(kind, [](CardWidget& card) { card.clearPending(); });
+void CardShelf::endPending(const std::string& kind, const IntentCall& intent) {
+    forEachOf(kind, [&](CardWidget& card) { card.endPending(intent); });
 }
 
 void CardShelf::showNotice(const std::string& kind, const QString& sentence) {

@@ -33,7 +33,7 @@ public:
     std::optional<Instant> nextTick(Instant now) const;
 
     void setPending(const std::string& kind, const IntentCall& intent);
-    void clearPending(const std::string& kind);
+    void endPending(const std::string& kind, const IntentCall& intent);
 
     /// Says a sentence on the cards of a kind.
     void showNotice(const std::string& kind, const QString& sentence);

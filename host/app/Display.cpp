@@ -2,17 +2,38 @@
 
 #include <cstdlib>
 
+#include <xcb/xcb.h>
+
 namespace vantel {
 
 namespace {
 
-bool isSet(const char* variable) {
+std::string valueOf(const char* variable) {
     const char* value = std::getenv(variable);
-    return value != nullptr && *value != '\0';
+    return value == nullptr ? "" : value;
+}
+
+bool isSet(const char* variable) {
+    return !valueOf(variable).empty();
 }
 
 void choose(const char* platform) {
-    ::setenv("QT_QPA_PLATFORM", platform, 1);
+    ::setenv(platformVariable, platform, 1);
+}
+
+/// Many sessions ask all programs for Wayland, where an ordinary window could place itself nowhere.
+bool asksForWayland() {
+    return valueOf(platformVariable).starts_with("wayland");
+}
+
+/// The toolkit would end the program with advice to install it anew.
+std::optional<std::string> problemWithServer(const std::string& display) {
+    xcb_connection_t* connection = ::xcb_connect(display.c_str(), nullptr);
+    const bool isWorking = ::xcb_connection_has_error(connection) == 0;
+    ::xcb_disconnect(connection);
+    if (isWorking)
+        return std::nullopt;
+    return "the display " + display + " does not answer";
 }
 
 } // namespace
@@ -24,11 +45,11 @@ std::optional<std::string> chooseDisplay(Task task) {
                  0); // it misses folders that pictures do not need
         return std::nullopt;
     }
-    if (isSet("QT_QPA_PLATFORM"))
+    if (isSet(platformVariable) && !asksForWayland())
         return std::nullopt;
     if (isSet("DISPLAY")) {
         choose("xcb");
-        return std::nullopt;
+        return problemWithServer(valueOf("DISPLAY"));
     }
     if (isSet("WAYLAND_DISPLAY"))
         return "this Wayland session has no X server (Xwayland) beside it, which the widgets need";

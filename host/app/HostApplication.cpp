@@ -1,5 +1,6 @@
 #include "host/app/HostApplication.h"
 
+#include "host/app/Palette.h"
 #include "host/app/SignalWatch.h"
 
 #include <QApplication>
@@ -9,6 +10,7 @@
 #include <QTimer>
 #include <chrono>
 #include <cstdlib>
+#include <utility>
 
 namespace vantel {
 
@@ -56,7 +58,7 @@ HostApplication::HostApplication(HostedWidgets widgets, const Formats& formats)
     , m_cards(formats)
     , m_placements(stateFolder(), systemFileSystem(), warn)
     , m_desk({m_widgets.bundle, formats, *m_windows, m_screens, m_placements, *m_identifiers,
-              [this](const Placement& placement) { return m_cards.makeCard(keyOf(placement)); }}) {
+              [this](const Placement& placement) { return makeCard(keyOf(placement)); }}) {
     joinCards();
     joinSchedule();
     joinDesk();
@@ -112,8 +114,8 @@ void HostApplication::joinSchedule() {
     connect(&m_schedule, &WidgetSchedule::ticked, this, &HostApplication::tick);
     connect(&m_alarm, &Alarm::clockStepped, this, &HostApplication::tick);
     connect(&m_schedule, &WidgetSchedule::settled, this, [this](const std::string& kind) {
-        if (!m_intents.hasPending(kind))
-            m_cards.clearPending(kind);
+        for (const IntentCall& call : std::exchange(m_performed[kind], {}))
+            m_cards.endPending(kind, call);
     });
 }
 
@@ -144,8 +146,23 @@ void HostApplication::joinBus() {
     connect(&m_service, &WidgetsService::activated, &m_desk, &Desk::focusWidgets);
     connect(&m_service, &WidgetsService::focusRequested, &m_desk, &Desk::focusWidgets);
     connect(&m_service, &WidgetsService::galleryRequested, this, &HostApplication::showGallery);
+    connect(&m_service, &WidgetsService::actionRequested, this, [this](const QString& action) {
+        if (action == u"gallery")
+            showGallery();
+        else if (action == u"reload")
+            m_schedule.reloadAll();
+    });
     connect(&m_service, &WidgetsService::reloadRequested, &m_schedule, &WidgetSchedule::reload);
     connect(&m_service, &WidgetsService::reloadAllRequested, &m_schedule, &WidgetSchedule::reloadAll);
+}
+
+/// A second widget of one kind and size shows at once what the first one shows.
+QWidget* HostApplication::makeCard(const WidgetKey& key) {
+    CardWidget* card = m_cards.makeCard(key);
+    card->setNow(m_clock->now());
+    if (const auto view = m_schedule.view(key))
+        card->setView(*view);
+    return card;
 }
 
 void HostApplication::showView(const WidgetKey& key) {
@@ -164,10 +181,11 @@ void HostApplication::tick() {
 /// A widget shows what its own action has done as soon as it is asked again.
 void HostApplication::finish(const IntentOutcome& outcome) {
     if (outcome.hasSucceeded()) {
+        m_performed[outcome.kind].push_back(outcome.call);
         m_schedule.reload(outcome.kind);
         return;
     }
-    m_cards.clearPending(outcome.kind);
+    m_cards.endPending(outcome.kind, outcome.call);
     m_cards.showNotice(outcome.kind, QString::fromStdString(outcome.failure));
 }
 
@@ -180,8 +198,14 @@ void HostApplication::place(const PlacedWidgets& placed) {
 
 void HostApplication::takePreferences(const DesktopPreferences& preferences) {
     const Look look = lookOf(preferences);
+    usePalette(preferences.isDark ? Shade::dark : Shade::light);
     m_cards.setLook(look);
     m_desk.setScale(look.scale);
+    if (!m_gallery.isNull()) {
+        m_gallery->deleteLater();
+        m_gallery = nullptr;
+        showGallery();
+    }
 }
 
 void HostApplication::showGallery() {

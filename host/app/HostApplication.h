@@ -46,6 +46,7 @@ private:
     void joinDesk();
     void joinBus();
     void watchDays();
+    QWidget* makeCard(const WidgetKey& key);
     void showView(const WidgetKey& key);
     void tick();
     void finish(const IntentOutcome& outcome);
@@ -74,7 +75,8 @@ private:
     Desk m_desk;
     QPointer<GalleryWindow> m_gallery;
     std::unique_ptr<DayWatch> m_days;
-    std::string m_linkKind; ///< of the widget whose link was opened last
+    std::map<std::string, std::vector<IntentCall>> m_performed; ///< of each kind, not yet seen on its cards
+    std::string m_linkKind;                                     ///< of the widget whose link was opened last
 };
 
 } // namespace vantel

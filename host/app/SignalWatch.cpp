@@ -1,6 +1,7 @@
 #include "host/app/SignalWatch.h"
 
 #include <QSocketNotifier>
+#include <cerrno>
 #include <csignal>
 #include <cstdint>
 
@@ -16,8 +17,10 @@ namespace {
 volatile std::sig_atomic_t descriptorForHandler = -1;
 
 void handle(int) {
+    const int numberBefore = errno;
     const std::uint64_t one = 1;
     [[maybe_unused]] const auto written = ::write(descriptorForHandler, &one, sizeof one);
+    errno = numberBefore;
 }
 
 void handleEndSignals(void (*handler)(int)) {

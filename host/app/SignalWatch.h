@@ -7,7 +7,7 @@ class QSocketNotifier;
 namespace vantel {
 
 /// Turns the system's requests to end the program (SIGTERM, SIGINT, SIGHUP) into a signal of the window
-/// thread. One for the program. Threads that start later inherit the blocked signals.
+/// thread. At most one at a time.
 class SignalWatch final : public QObject {
     Q_OBJECT
 

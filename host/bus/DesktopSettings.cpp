@@ -44,6 +44,7 @@ bool DesktopSettings::eventFilter(QObject* watched, QEvent* event) {
 void DesktopSettings::askForAll() {
     if (!m_bus.isConnected())
         return;
+    qRegisterMetaType<QDBusVariant>("QDBusVariant"); // the slot below is found by the names of its types
     QDBusConnection(m_bus.connection())
         .connect(portal, portalPath, settings, u"SettingChanged"_qs, this,
                  SLOT(takeChange(QString, QString, QDBusVariant)));

@@ -21,6 +21,15 @@ namespace {
 
 constexpr int fadeMilliseconds = 200;
 
+/// A later moment alone changes nothing that is seen.
+bool showsTheSame(const WidgetView& a, const WidgetView& b) {
+    return a.kind == b.kind && a.family == b.family && a.content == b.content;
+}
+
+bool contains(const std::vector<IntentCall>& calls, const IntentCall& call) {
+    return std::ranges::find(calls, call) != calls.end();
+}
+
 } // namespace
 
 struct CardWidget::Private {
@@ -40,7 +49,7 @@ struct CardWidget::Private {
     Instant laidOutAt{};
     scene::Scene scene;
     scene::PaintState state;
-    std::optional<IntentCall> pending;
+    std::vector<IntentCall> pending;
     bool hasRing = false;
     bool isPressed = false;
 };
@@ -64,13 +73,10 @@ CardWidget::~CardWidget() {
 }
 
 void CardWidget::setView(const WidgetView& view) {
-    if (m_private->view == view)
+    if (m_private->view && showsTheSame(*m_private->view, view))
         return;
-    const bool isSameFamily = m_private->view && m_private->view->family == view.family;
-    if (isSameFamily && isVisible() && m_private->look.motion == Motion::full)
+    if (canFadeTo(view))
         startFade();
-    m_private->pending.reset();
-    m_private->state = {};
     m_private->view = view;
     layOut();
 }
@@ -100,19 +106,14 @@ std::optional<Instant> CardWidget::nextTick(Instant now) const {
 }
 
 void CardWidget::setPending(const IntentCall& intent) {
-    m_private->pending = intent;
-    for (const auto& reading : m_private->scene.reading) {
-        const auto* target = std::get_if<scene::Target>(&reading);
-        const auto* call = target == nullptr ? nullptr : std::get_if<IntentCall>(&target->action);
-        if (call != nullptr && *call == intent)
-            m_private->state.pendingRow = target->row;
-    }
+    m_private->pending.push_back(intent);
+    markPending();
     update();
 }
 
-void CardWidget::clearPending() {
-    m_private->pending.reset();
-    m_private->state = {};
+void CardWidget::endPending(const IntentCall& intent) {
+    std::erase(m_private->pending, intent);
+    markPending();
     update();
 }
 
@@ -186,7 +187,25 @@ void CardWidget::layOut() {
     const QSizeF size = cardSize(m_private->view->family, m_private->look.scale);
     setFixedSize(QSizeF(size).toSize());
     m_private->targets.follow(m_private->scene, m_private->look.scale);
+    markPending();
     update();
+}
+
+void CardWidget::markPending() {
+    m_private->state.pendingRows.clear();
+    for (const auto& reading : m_private->scene.reading) {
+        const auto* target = std::get_if<scene::Target>(&reading);
+        const auto* call = target == nullptr ? nullptr : std::get_if<IntentCall>(&target->action);
+        if (call != nullptr && target->row && contains(m_private->pending, *call))
+            m_private->state.pendingRows.push_back(*target->row);
+    }
+}
+
+/// An empty card has nothing to fade from: its first view is there at once.
+bool CardWidget::canFadeTo(const WidgetView& view) const {
+    const bool isSameFamily = m_private->view && m_private->view->family == view.family;
+    return isSameFamily && !m_private->scene.pieces.empty() && isVisible() &&
+           m_private->look.motion == Motion::full;
 }
 
 void CardWidget::startFade() {
@@ -204,7 +223,7 @@ void CardWidget::startFade() {
 void CardWidget::activate(const scene::Target& target) {
     if (const auto* url = std::get_if<Url>(&target.action))
         Q_EMIT linkActivated(*url);
-    else if (const auto& intent = std::get<IntentCall>(target.action); m_private->pending != intent)
+    else if (const auto& intent = std::get<IntentCall>(target.action); !contains(m_private->pending, intent))
         Q_EMIT intentPressed(intent);
 }
 

@@ -34,10 +34,9 @@ public:
     /// shown.
     std::optional<Instant> nextTick(Instant now) const;
 
-    /// Marks the row of a pressed button as pending, until `setView` brings another view or `clearPending`.
-    /// Until then the button does nothing.
+    /// Marks the row of a pressed button as pending until `endPending`. Until then the button does nothing.
     void setPending(const IntentCall& intent);
-    void clearPending();
+    void endPending(const IntentCall& intent);
 
     /// Says something in words over the foot of the card for some seconds.
     void showNotice(const QString& text);
@@ -63,6 +62,8 @@ protected:
 
 private:
     void layOut();
+    void markPending();
+    bool canFadeTo(const WidgetView& view) const;
     void startFade();
     void activate(const scene::Target& target);
 

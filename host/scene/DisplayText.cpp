@@ -1,5 +1,7 @@
 #include "host/scene/DisplayText.h"
 
+#include <QList>
+
 namespace vantel::scene {
 
 namespace {
@@ -8,20 +10,22 @@ constexpr qsizetype longest = 2000;
 constexpr std::size_t longestBytes = 4 * longest;
 constexpr int mostMarks = 4;
 
-bool isBlank(QChar character) {
-    return character.category() == QChar::Other_Control || character.category() == QChar::Separator_Line ||
-           character.category() == QChar::Separator_Paragraph;
+bool isBlank(char32_t character) {
+    const QChar::Category category = QChar::category(character);
+    return category == QChar::Other_Control || category == QChar::Separator_Line ||
+           category == QChar::Separator_Paragraph;
 }
 
 /// Joiners shape letters and emoji and stay; everything else of this category only misleads.
-bool isMisleading(QChar character) {
-    constexpr char16_t nonJoiner = 0x200C;
-    constexpr char16_t joiner = 0x200D;
-    return character.category() == QChar::Other_Format && character != nonJoiner && character != joiner;
+bool isMisleading(char32_t character) {
+    constexpr char32_t nonJoiner = 0x200C;
+    constexpr char32_t joiner = 0x200D;
+    return QChar::category(character) == QChar::Other_Format && character != nonJoiner && character != joiner;
 }
 
-bool isMark(QChar character) {
-    return character.category() == QChar::Mark_NonSpacing || character.category() == QChar::Mark_Enclosing;
+bool isMark(char32_t character) {
+    const QChar::Category category = QChar::category(character);
+    return category == QChar::Mark_NonSpacing || category == QChar::Mark_Enclosing;
 }
 
 /// A cut between the halves of a pair would leave half a character.
@@ -40,11 +44,11 @@ QString displayText(std::string_view text) {
     QString result;
     result.reserve(decoded.size());
     int marks = 0;
-    for (const QChar character : decoded) {
+    for (const char32_t character : decoded.toUcs4()) {
         marks = isMark(character) ? marks + 1 : 0;
         if (isMisleading(character) || marks > mostMarks)
             continue;
-        result += isBlank(character) ? QChar(u' ') : character;
+        result += isBlank(character) ? QStringView(u" ") : QStringView(QChar::fromUcs4(character));
     }
     return shortened(result);
 }

@@ -1,5 +1,6 @@
 #include "host/scene/Notice.h"
 
+#include "host/scene/DisplayText.h"
 #include "host/scene/TextBlock.h"
 
 #include <QPainter>
@@ -42,13 +43,13 @@ Notice::Notice(QWidget* card)
 }
 
 void Notice::say(const QString& text, const Look& look) {
-    m_text = text;
+    m_text = displayText(text.toStdString());
     m_look = look;
-    setAccessibleName(text);
+    setAccessibleName(m_text);
     const double scale = look.scale;
     const double width = parentWidget()->width() / scale - 2 * edge;
     const double height =
-        wrapped(text, look, width - 2 * horizontalPadding).size().height() + 2 * verticalPadding;
+        wrapped(m_text, look, width - 2 * horizontalPadding).size().height() + 2 * verticalPadding;
     const QRectF place(edge, parentWidget()->height() / scale - edge - height, width, height);
     setGeometry(QRectF(place.topLeft() * scale, place.size() * scale).toAlignedRect());
     show();
@@ -69,8 +70,7 @@ void Notice::paintEvent(QPaintEvent*) {
     const TextBlock block = wrapped(m_text, m_look, area.width() - 2 * horizontalPadding);
     double baseline = verticalPadding + block.metrics.ascent;
     for (const TextLine& line : block.lines) {
-        for (const QGlyphRun& run : line.glyphs)
-            painter.drawGlyphRun({(area.width() - line.width) / 2, baseline}, run);
+        drawLine(painter, {(area.width() - line.width) / 2, baseline}, line);
         baseline += block.metrics.pitch;
     }
 }

@@ -26,13 +26,13 @@ struct SymbolPiece {
     SymbolRendering rendering;
 };
 
-/// A filled rectangle with round corners; `outline` keeps one visible that has the colour of what is behind.
+/// A filled rectangle with round corners.
 struct ShapePiece {
     Color color;
     double cornerRadius = 0;
     double rotation = 0;
     bool isHairline = false; ///< keeps to whole device pixels, so that it is never a blur
-    bool isCapsule = false;
+    bool isCapsule = false;  ///< gets an outline where it has the colour of what is behind it
 };
 
 /// One thing to draw, where it stands on its card, in points.

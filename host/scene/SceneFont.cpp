@@ -3,7 +3,6 @@
 #include <QFontDatabase>
 #include <QFontMetricsF>
 #include <QGuiApplication>
-#include <QScreen>
 #include <algorithm>
 
 namespace vantel::scene {
@@ -37,30 +36,26 @@ QFont family(FontDesign design, const Look& look) {
     return isMonospaced ? QFontDatabase::systemFont(QFontDatabase::FixedFont) : QGuiApplication::font();
 }
 
-/// The toolkit's pixel sizes are whole numbers; its points are not, and become pixels by this ratio.
-double fontPointsPerPixel() {
-    const QScreen* screen = QGuiApplication::primaryScreen();
-    return screen == nullptr ? 0.75 : 72 / screen->logicalDotsPerInchY();
-}
-
 } // namespace
 
 QFont sceneFont(const TextStyle& style, const Look& look, double fraction) {
     QFont font = family(style.font.design, look);
-    font.setPointSizeF(std::max(1.0, style.font.size * fraction) * fontPointsPerPixel());
+    font.setPixelSize(qRound(std::max(1.0, style.font.size * fraction) * fontPixelsPerPoint));
     font.setWeight(qtWeight(style.font.weight));
     font.setHintingPreference(QFont::PreferNoHinting);
     font.setStyleStrategy(QFont::StyleStrategy(QFont::PreferAntialias | QFont::NoSubpixelAntialias));
-    font.setLetterSpacing(QFont::AbsoluteSpacing, style.tracking + style.kerning);
+    font.setLetterSpacing(QFont::AbsoluteSpacing, (style.tracking + style.kerning) * fontPixelsPerPoint);
     font.setKerning(style.kerning == 0);
     return font;
 }
 
 LineMetrics lineMetrics(const QFont& font, double size) {
     const QFontMetricsF metrics(font);
-    const double fraction = std::min(1.0, highestLine * size / metrics.height());
+    const double ascent = metrics.ascent() / fontPixelsPerPoint;
+    const double descent = metrics.descent() / fontPixelsPerPoint;
+    const double fraction = std::min(1.0, highestLine * size / (ascent + descent));
     const double pitch = size < largeSize ? textPitch : titlePitch;
-    return {metrics.ascent() * fraction, metrics.descent() * fraction, pitch * size};
+    return {ascent * fraction, descent * fraction, pitch * size};
 }
 
 } // namespace vantel::scene

@@ -60,8 +60,7 @@ public:
         m_painter.setOpacity(isPending() && text.invalidatable ? pendingOpacity : 1);
         m_painter.setPen(painted(text.color, m_look));
         for (std::size_t i = 0; i < text.block.lines.size(); ++i)
-            for (const QGlyphRun& run : text.block.lines[i].glyphs)
-                m_painter.drawGlyphRun(onBaseline(text.baselines[i]), run);
+            drawLine(m_painter, onBaseline(text.baselines[i]), text.block.lines[i]);
         m_painter.setOpacity(1);
     }
 
@@ -93,7 +92,10 @@ public:
     }
 
 private:
-    bool isPending() const { return m_state.pendingRow && m_piece->row == m_state.pendingRow; }
+    bool isPending() const {
+        return m_piece->row &&
+               std::ranges::find(m_state.pendingRows, *m_piece->row) != m_state.pendingRows.end();
+    }
 
     /// Glyphs are crisp where their baseline lies between two rows of pixels.
     QPointF onBaseline(const QPointF& point) const { return {point.x(), onPixel(m_painter, point).y()}; }

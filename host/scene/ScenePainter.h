@@ -8,7 +8,7 @@ namespace vantel::scene {
 
 /// What is under way on a card while it is drawn.
 struct PaintState {
-    std::optional<std::size_t> pendingRow; ///< the row whose action has been pressed and not yet answered
+    std::vector<std::size_t> pendingRows; ///< whose actions have been pressed and not yet answered
 };
 
 /// The colour of a look's primary text: ink on light, white on dark, stronger at high contrast.

@@ -12,10 +12,11 @@ namespace {
 using Reading = std::variant<Target, Spoken>;
 
 constexpr double leastSize = 24;
+constexpr double margin = 4; ///< so that the ring of the focus stands beside the letters
 
 /// Small symbols are hard to hit; what lies around them belongs to them.
 QRectF reach(const Target& target) {
-    const QRectF& seen = target.rectangle;
+    const QRectF seen = target.rectangle.adjusted(-margin, 0, margin, 0);
     const double width = std::max(leastSize, seen.width());
     const double height = std::max(leastSize, seen.height());
     QRectF area(0, 0, width, height);

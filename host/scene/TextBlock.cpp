@@ -1,6 +1,7 @@
 #include "host/scene/TextBlock.h"
 
 #include <QFontMetricsF>
+#include <QPainter>
 #include <QTextLayout>
 #include <QTextOption>
 #include <algorithm>
@@ -33,13 +34,13 @@ TextLine unbrokenLine(const QString& text, const QFont& font) {
     layout.endLayout();
     if (!line.isValid())
         return {{}, 0};
-    return {glyphsFromBaseline(line), line.naturalTextWidth()};
+    return {glyphsFromBaseline(line), line.naturalTextWidth() / fontPixelsPerPoint};
 }
 
 /// A blank before the ellipsis would make it stand apart from the word it cuts.
 QString elided(const QString& text, const QFont& font, double width) {
     constexpr QChar ellipsis(0x2026);
-    QString result = QFontMetricsF(font).elidedText(text, Qt::ElideRight, width);
+    QString result = QFontMetricsF(font).elidedText(text, Qt::ElideRight, width * fontPixelsPerPoint);
     while (result.size() > 1 && result.endsWith(ellipsis) && result.at(result.size() - 2).isSpace())
         result.remove(result.size() - 2, 1);
     return result;
@@ -62,7 +63,7 @@ std::vector<Break> breaks(const QString& text, const QFont& font, const TextRoom
         QTextLine line = layout.createLine();
         if (!line.isValid())
             break;
-        line.setLineWidth(room.width);
+        line.setLineWidth(room.width * fontPixelsPerPoint);
         result.push_back({line.textStart(), line.textLength()});
     }
     layout.endLayout();
@@ -93,6 +94,19 @@ TextBlock textBlock(const QString& text, const QFont& font, const LineMetrics& m
         block.lines.push_back(unbrokenLine(isCut ? elided(rest, font, room.width) : rest.trimmed(), font));
     }
     return block;
+}
+
+void drawLine(QPainter& painter, const QPointF& begin, const TextLine& line) {
+    painter.save();
+    painter.translate(begin);
+    painter.scale(1 / fontPixelsPerPoint, 1 / fontPixelsPerPoint);
+    for (const QGlyphRun& run : line.glyphs)
+        painter.drawGlyphRun({0, 0}, run);
+    painter.restore();
+}
+
+double widthOf(const QString& text, const QFont& font) {
+    return QFontMetricsF(font).horizontalAdvance(text) / fontPixelsPerPoint;
 }
 
 } // namespace vantel::scene

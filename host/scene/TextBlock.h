@@ -7,12 +7,15 @@
 #include <QSizeF>
 #include <vector>
 
+class QPainter;
+
 namespace vantel::scene {
 
-/// One line of shaped glyphs. Positions count from the line's leading end and baseline.
+/// One line of shaped glyphs. Positions count from the line's leading end and baseline, in pixels of the
+/// enlarged font.
 struct TextLine {
     QList<QGlyphRun> glyphs;
-    double width;
+    double width; ///< in points
 };
 
 /// Lines of text that fit a room, shaped once and drawn many times.
@@ -31,5 +34,11 @@ struct TextRoom {
 
 /// Breaks a text at words into at most the lines of the room; what does not fit ends in an ellipsis.
 TextBlock textBlock(const QString& text, const QFont& font, const LineMetrics& metrics, const TextRoom& room);
+
+/// Draws a line from where it begins on its baseline, in points.
+void drawLine(QPainter& painter, const QPointF& begin, const TextLine& line);
+
+/// The width of a text on one line, in points.
+double widthOf(const QString& text, const QFont& font);
 
 } // namespace vantel::scene

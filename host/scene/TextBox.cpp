@@ -2,7 +2,6 @@
 
 #include "host/scene/Placer.h"
 
-#include <QFontMetricsF>
 #include <algorithm>
 #include <cmath>
 
@@ -25,14 +24,12 @@ TextBox::TextBox(QString text, const TextStyle& style, const Look& look, Horizon
     , m_alignment(alignment)
     , m_font(sceneFont(style, look))
     , m_metrics(lineMetrics(m_font, style.font.size))
-    , m_width(QFontMetricsF(m_font).horizontalAdvance(m_text)) {}
+    , m_width(widthOf(m_text, m_font)) {}
 
 QSizeF TextBox::measured(const Proposal& proposal) const {
     const double width = proposal.width.value_or(unbounded);
     if (m_width <= width + tolerance)
         return {m_width, m_metrics.height()};
-    if (lineLimit(proposal.height) == 1)
-        return {std::max(width, std::min(m_width, leastWidth())), m_metrics.height()};
     return block(std::max(width, leastWidth()), proposal.height).size();
 }
 
@@ -64,8 +61,9 @@ double TextBox::fraction(double width) const {
     return m_width <= width ? 1 : std::max(least, shrinking * width / m_width);
 }
 
+/// A letter and an ellipsis.
 double TextBox::leastWidth() const {
-    return m_style.font.size;
+    return std::min(m_width, m_style.font.size);
 }
 
 } // namespace vantel::scene

@@ -112,7 +112,7 @@ void WidgetSchedule::takeAnswer(const TimelineAnswer& answer) {
     if (!answer.timelines) {
         m_log.warn(answer.kind + " has no timeline: " + answer.timelines.error());
         kind.schedule.fail();
-        endPatience(answer.kind);
+        endPatience(answer.kind, m_surroundings.clock.now());
     } else {
         ++kind.answers;
         kind.schedule.answer(placedFamilies(answer.kind).empty() ? KindTimelines{} : *answer.timelines);
@@ -140,7 +140,8 @@ bool WidgetSchedule::updateView(const WidgetKey& key, Placed& placed, Instant no
         return false;
     if (showEntry(key, placed, *entry))
         return true;
-    endPatience(key.kind);
+    if (placed.patienceEnd)
+        placed.patienceEnd = now;
     return showNoData(key, placed, now);
 }
 
@@ -166,16 +167,17 @@ bool WidgetSchedule::showNoData(const WidgetKey& key, Placed& placed, Instant no
 }
 
 /// The first answer to a waiting widget was of no use.
-void WidgetSchedule::endPatience(const std::string& kind) {
+void WidgetSchedule::endPatience(const std::string& kind, Instant now) {
     for (auto& [key, placed] : m_placed)
         if (key.kind == kind && placed.patienceEnd)
-            placed.patienceEnd = m_surroundings.clock.now();
+            placed.patienceEnd = now;
 }
 
 void WidgetSchedule::planAlarm(Instant now) {
     m_nextMoment.reset();
     for (const auto& [key, placed] : m_placed)
-        m_nextMoment = earlier(m_nextMoment, placed.patienceEnd);
+        if (placed.patienceEnd > now)
+            m_nextMoment = earlier(m_nextMoment, placed.patienceEnd);
     for (const auto& [kind, state] : m_kinds)
         m_nextMoment = earlier(m_nextMoment, state.schedule.nextMoment(now));
     setAlarm();

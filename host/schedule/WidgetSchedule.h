@@ -92,7 +92,7 @@ private:
     bool updateView(const WidgetKey& key, Placed& placed, Instant now);
     bool showEntry(const WidgetKey& key, Placed& placed, const TimelineEntry& entry);
     bool showNoData(const WidgetKey& key, Placed& placed, Instant now);
-    void endPatience(const std::string& kind);
+    void endPatience(const std::string& kind, Instant now);
     void planAlarm(Instant now);
     void setAlarm();
 

@@ -4,9 +4,11 @@
 #include "host/surface/CardShadow.h"
 #include "host/surface/CardShape.h"
 
+#include <QApplication>
 #include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QWindow>
 #include <utility>
 
 namespace vantel {
@@ -24,6 +26,10 @@ QWidget* firstStop(QWidget* card) {
             break;
     }
     return card;
+}
+
+bool isKey(const QEvent& event) {
+    return event.type() == QEvent::KeyPress || event.type() == QEvent::KeyRelease;
 }
 
 } // namespace
@@ -102,8 +108,15 @@ void CardWindow::takeFocus() {
 }
 
 void CardWindow::giveFocusBack() {
-    if (std::exchange(m_hasTakenFocus, false))
-        m_surface->giveFocusBack();
+    if (!std::exchange(m_hasTakenFocus, false))
+        return;
+    clearFocusOfCard();
+    m_surface->giveFocusBack();
+}
+
+void CardWindow::clearFocusOfCard() {
+    if (QWidget* focused = focusWidget())
+        focused->clearFocus();
 }
 
 void CardWindow::openMenu(QPoint position) {
@@ -117,12 +130,17 @@ void CardWindow::openMenu(QPoint position) {
 }
 
 bool CardWindow::event(QEvent* event) {
-    if (event->type() == QEvent::WinIdChange && windowHandle() != nullptr)
+    if (event->type() == QEvent::WinIdChange && windowHandle() != nullptr) {
         m_drag.watch(windowHandle());
+        windowHandle()->installEventFilter(this);
+    }
     return QWidget::event(event);
 }
 
 bool CardWindow::eventFilter(QObject* watched, QEvent* event) {
+    const bool isUnasked = !m_hasTakenFocus && QApplication::activePopupWidget() == nullptr;
+    if (watched == windowHandle() && isKey(*event) && isUnasked)
+        return true;
     if (watched == m_card && event->type() == QEvent::Resize) {
         layOut();
         Q_EMIT cardResized();

@@ -39,6 +39,7 @@ public:
     void setCardScreen(QScreen* screen) { m_screen = screen; }
 
     /// Brings the keyboard to the first link or button of the card. Escape, or another window, takes it away.
+    /// Keys that come while it was not brought do nothing, whatever sent them here.
     void takeFocus();
     void giveFocusBack();
     bool hasTakenFocus() const { return m_hasTakenFocus; }
@@ -71,6 +72,7 @@ private:
     void layOut();
     void shapeCard();
     void showAgain();
+    void clearFocusOfCard();
 
     QWidget* m_card;
     double m_scale;

@@ -5,7 +5,6 @@
 #include <array>
 #include <cstdlib>
 #include <cstring>
-#include <memory>
 
 namespace vantel {
 
@@ -66,6 +65,16 @@ X11Connection::X11Connection(xcb_connection_t* connection, int screenNumber)
     , m_screen(screenOf(connection, screenNumber)) {}
 
 xcb_atom_t X11Connection::atom(std::string_view name) const {
+    const auto known = m_atoms->find(name);
+    if (known != m_atoms->end())
+        return known->second;
+    const xcb_atom_t atom = askForAtom(name);
+    if (atom != XCB_ATOM_NONE)
+        m_atoms->emplace(name, atom);
+    return atom;
+}
+
+xcb_atom_t X11Connection::askForAtom(std::string_view name) const {
     const auto cookie =
         xcb_intern_atom(m_connection, 0, static_cast<std::uint16_t>(name.size()), name.data());
     const auto reply = owned(xcb_intern_atom_reply(m_connection, cookie, nullptr));
@@ -139,6 +148,11 @@ void X11Connection::ask(xcb_window_t window, std::string_view message,
 void X11Connection::activate(xcb_window_t window) const {
     constexpr std::uint32_t fromUser = 2;
     ask(window, "_NET_ACTIVE_WINDOW", std::array{fromUser, std::uint32_t{XCB_CURRENT_TIME}, 0U, 0U, 0U});
+}
+
+void X11Connection::releaseKeyboard() const {
+    xcb_set_input_focus(m_connection, XCB_INPUT_FOCUS_POINTER_ROOT, XCB_INPUT_FOCUS_POINTER_ROOT,
+                        XCB_CURRENT_TIME);
 }
 
 WindowManager runningWindowManager(const X11Connection& connection) {

@@ -3,7 +3,10 @@
 #include "host/surface/WindowManagerPolicy.h"
 
 #include <cstdint>
+#include <functional>
 #include <initializer_list>
+#include <map>
+#include <memory>
 #include <optional>
 #include <span>
 #include <string>
@@ -24,6 +27,7 @@ public:
     xcb_connection_t* xcb() const { return m_connection; }
     xcb_window_t root() const { return m_screen->root; }
 
+    /// The server is asked once for each name: every answer is a way there and back.
     xcb_atom_t atom(std::string_view name) const;
 
     /// "_NET_WM_CM_S0" with the number of this screen: who owns it blends windows.
@@ -46,14 +50,21 @@ public:
     /// Asks for the keyboard to go to a window, as the user wishes it.
     void activate(xcb_window_t window) const;
 
+    /// Takes the keyboard from whichever window has it.
+    void releaseKeyboard() const;
+
     /// Hands over what was said so far.
     void flush() const { xcb_flush(m_connection); }
 
 private:
     X11Connection(xcb_connection_t* connection, int screenNumber);
 
+    xcb_atom_t askForAtom(std::string_view name) const;
     std::vector<std::uint8_t> bytes(xcb_window_t window, std::string_view property) const;
 
+    using Atoms = std::map<std::string, xcb_atom_t, std::less<>>;
+
+    std::shared_ptr<Atoms> m_atoms = std::make_shared<Atoms>();
     xcb_connection_t* m_connection;
     int m_screenNumber;
     xcb_screen_t* m_screen;

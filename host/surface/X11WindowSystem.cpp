@@ -43,8 +43,11 @@ void X11WindowSystem::rememberFocus() {
 
 void X11WindowSystem::restoreFocus() {
     const xcb_window_t before = std::exchange(m_focusBefore, xcb_window_t{XCB_NONE});
-    if (before != XCB_NONE)
+    const bool isThere = before != XCB_NONE && !m_connection.numbers(before, "WM_STATE").empty();
+    if (isThere)
         m_connection.activate(before);
+    else
+        m_connection.releaseKeyboard();
 }
 
 void X11WindowSystem::watchCompositor() {

@@ -24,7 +24,8 @@ public:
     /// Remembers which window has the keyboard, unless it is one of this program's.
     void rememberFocus();
 
-    /// Asks for the keyboard to go back to the window that was remembered.
+    /// Asks for the keyboard to go back to the window that was remembered; where there is none any more,
+    /// gives it to no window at all, so that the window manager may choose one.
     void restoreFocus();
 
 private:

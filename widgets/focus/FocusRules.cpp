@@ -39,9 +39,14 @@ Element countRow(std::int64_t count, const CountSizes& sizes, Color numberColor,
                  const std::string& word) {
     const std::string number = std::to_string(count);
     const Font numberFont{.size = sizes.number, .weight = FontWeight::bold};
-    const Element numberText = {
-        Text{number, {.font = numberFont, .tracking = sizes.tracking, .color = numberColor, .lineLimit = 1}}};
-    const Element wordText = {Text{word, {.font = {sizes.word}, .color = wordColor, .lineLimit = 1}}};
+    const Element numberText = {Text{number,
+                                     {.font = numberFont,
+                                      .tracking = sizes.tracking,
+                                      .color = numberColor,
+                                      .lineLimit = 1,
+                                      .minimumScaleFactor = 0.4}}};
+    const Element wordText = {
+        Text{word, {.font = {sizes.word}, .color = wordColor, .lineLimit = 1, .minimumScaleFactor = 0.6}}};
     return labelled({Row{.children = {numberText, wordText},
                          .alignment = VerticalAlignment::firstTextBaseline,
                          .spacing = sizes.gap}},

@@ -12,14 +12,16 @@ namespace {
 
 constexpr std::size_t rowLimit = 3;
 constexpr double timeColumnWidth = 36;
+constexpr double timeGap = 4; ///< so that a time on a twelve-hour clock does not touch the title
 constexpr PrimaryColor quietColor{0.45};
 
 Element timeColumn(const WidgetEvent& event, const ViewContext& context) {
     const TextStyle style{.font = {.size = 10, .design = FontDesign::monospaced},
                           .color = quietColor,
                           .lineLimit = 1,
-                          .minimumScaleFactor = 0.7};
-    return framed({Text{WidgetFormat::time(event.start, context.calendar, context.formats), style}},
+                          .minimumScaleFactor = 0.6};
+    const std::string time = WidgetFormat::time(event.start, context.calendar, context.formats);
+    return framed(padded({Text{time, style}}, {.trailing = timeGap}),
                   {.width = timeColumnWidth, .alignment = StackAlignment::leading});
 }
 

@@ -42,7 +42,8 @@ Element deckMotif() {
 Element countRow(std::int64_t count, const Formats& formats) {
     const std::string number = std::to_string(count);
     const std::string word = formats.translated("to review");
-    const TextStyle numberStyle{.font = {34, FontWeight::bold}, .tracking = -0.5, .lineLimit = 1};
+    const TextStyle numberStyle{
+        .font = {34, FontWeight::bold}, .tracking = -0.5, .lineLimit = 1, .minimumScaleFactor = 0.3};
     return labelled(
         {Row{.children = {{Text{number, numberStyle}},
                           {Text{word, {.font = {11}, .color = WTokens::textSecondary, .lineLimit = 1}}}},

@@ -54,6 +54,24 @@ def two_clicks_on_one_circle_complete_one_task(desktop):
            f"the journal has {desktop.journal()}")
 
 
+def escape_gives_the_keyboard_away(desktop):
+    desktop.write_snapshot(desktop.placeholder())
+    desktop.start_widgets()
+    before = desktop.picture()
+    desktop.focus_widgets()
+    focused = wait_for(desktop.focused_card, "the keyboard on a card")
+    desktop.key("Escape")
+    wait_for(lambda: desktop.focused_card() != focused, "the keyboard elsewhere")
+    wait_for(lambda: desktop.picture() == before, "the same screen as before")
+    left, top, _, _ = desktop.card(FOCUS)
+    desktop.move(left + 40, top + 130)  # keys that nobody wants go to what is under the pointer
+    for name in ("space", "Tab", "space", "Return"):
+        desktop.key(name)
+    desktop.wait_until_still()
+    expect(desktop.picture() == before, "a key changed the screen")
+    expect(desktop.journal() == [], "a key completed a task after Escape")
+
+
 def a_reload_over_the_bus_shows_the_new_snapshot(desktop):
     snapshot = desktop.placeholder()
     desktop.write_snapshot(snapshot)

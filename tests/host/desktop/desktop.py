@@ -204,6 +204,19 @@ class Desktop:
         window = self.output("xdotool", "getwindowfocus").strip()
         return window if self.output("xdotool", "getwindowname", window).strip() == name else None
 
+    def key(self, name):
+        self.run("xdotool", "key", name)
+
+    def focus_widgets(self):
+        """Asks the program over the bus to take the keyboard, as a shortcut of the desktop would."""
+        self.run("dbus-send", "--session", "--print-reply", "--dest=org.vantel.Widgets", "/org/vantel/Widgets",
+                 "org.vantel.Widgets1.FocusWidgets")
+
+    def focused_card(self):
+        """The card window that has the keyboard, or an empty text."""
+        window = self.output("xdotool", "getwindowfocus").strip()
+        return window if "vantel-widgets" in self.output("xprop", "-id", window, "WM_CLASS") else ""
+
     def window_count(self):
         return len(self.output("xdotool", "search", "--onlyvisible", "--name", ".*").split())
 

@@ -136,6 +136,28 @@ TEST_F(CardWidgetTest, APendingButtonDoesNothing) {
     EXPECT_EQ(intents[0][0].value<IntentCall>(), completeSecond);
 }
 
+TEST_F(CardWidgetTest, SeveralRowsArePendingAndFollowTheirTasksIntoAnotherView) {
+    card.setPending(completeFirst);
+    card.setPending(completeSecond);
+    const QImage both = picture();
+    card.setView(tasks({{completeSecond, "t-2"}, {completeFirst, "t-1"}}));
+    card.setView(twoTasks());
+    EXPECT_EQ(picture(), both);
+    card.endPending(completeFirst);
+    EXPECT_NE(picture().copy(0, 16, 170, 26), both.copy(0, 16, 170, 26));
+    EXPECT_EQ(picture().copy(0, 42, 170, 26), both.copy(0, 42, 170, 26));
+}
+
+TEST_F(CardWidgetTest, ALaterMomentAloneCostsNoPaint) {
+    QCoreApplication::processEvents();
+    const int before = paints.count;
+    WidgetView later = twoTasks();
+    later.date = instantFromReference(3600);
+    card.setView(later);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(paints.count, before);
+}
+
 TEST_F(CardWidgetTest, OtherMouseButtonsDoNothing) {
     QTest::mouseClick(&card, Qt::RightButton, {}, {120, 140});
     QTest::mouseClick(card.childAt(22, 29), Qt::RightButton);
@@ -163,14 +185,26 @@ TEST_F(CardWidgetTest, EnterAndSpacePressWhatHasTheFocus) {
     EXPECT_EQ(intents.count(), 3);
 }
 
-TEST_F(CardWidgetTest, APressedRowIsDrawnPendingUntilAnotherViewComes) {
+TEST_F(CardWidgetTest, APressedRowIsDrawnPendingUntilItsPressHasEnded) {
     const QImage idle = picture();
     card.setPending(completeFirst);
     const QImage pending = picture();
     EXPECT_NE(pending.copy(0, 16, 170, 26), idle.copy(0, 16, 170, 26));
     EXPECT_EQ(pending.copy(0, 42, 170, 26), idle.copy(0, 42, 170, 26));
-    card.clearPending();
+    card.endPending(completeFirst);
     EXPECT_EQ(picture(), idle);
+}
+
+TEST_F(CardWidgetTest, AnEmptyCardDoesNotFadeToItsFirstView) {
+    const QImage expected = picture();
+    Look look = testLook();
+    look.motion = Motion::reduced;
+    card.setLook(look);
+    card.setView(viewOf(Element{Column{}}));
+    look.motion = Motion::full;
+    card.setLook(look);
+    card.setView(twoTasks());
+    EXPECT_EQ(picture(), expected);
 }
 
 TEST_F(CardWidgetTest, TheKeyboardFocusStaysWhileTheCardSaysTheSame) {

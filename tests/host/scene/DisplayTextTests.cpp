@@ -27,6 +27,7 @@ TEST(DisplayText, ShowsTextAsItStandsAndMakesTheRestHarmless) {
          replacement},
         {"\u05E9\u05DC\u05D5\u05DD", u"\u05E9\u05DC\u05D5\u05DD"},
         {"fam\U0001F468\u200D\U0001F469", u"fam\U0001F468\u200D\U0001F469"},
+        {"hidden\U000E0041\U000E007Ftag", u"hiddentag"},
         {"", u""},
     };
     for (const Row& row : rows)

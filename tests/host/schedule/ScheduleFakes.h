@@ -8,12 +8,10 @@ namespace vantel::testing {
 /// A clock that a test sets, and that counts who looks at it.
 class HandClock final : public Clock {
 public:
-    Instant now() const override {
-        ++reads;
-        return instantFromReference(seconds);
-    }
+    Instant now() const override { return instantFromReference(seconds + drift * ++reads); }
 
     double seconds = 1000;
+    double drift = 0; ///< how far every look moves it on, as a real clock does
     mutable int reads = 0;
 };
 

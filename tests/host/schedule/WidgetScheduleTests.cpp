@@ -289,6 +289,37 @@ TEST_F(WidgetScheduleTest, AFirstViewThatCannotBeDrawnShowsTheStateWithoutData) 
     EXPECT_EQ(shown(small), "no data small UTC");
 }
 
+TEST_F(WidgetScheduleTest, AClockThatMovesOnAtEveryLookPlansNothingThatIsOver) {
+    clock.drift = 1e-6;
+    plan->moments = {{900, "fatal"}};
+    ::testing::internal::CaptureStderr();
+    schedule.setPlaced({small, medium});
+    waitForAnswers(1);
+    EXPECT_NE(::testing::internal::GetCapturedStderr(), "");
+    EXPECT_EQ(shown(small), "no data small UTC");
+    EXPECT_EQ(shown(medium), "no data medium UTC");
+    EXPECT_EQ(alarm.seconds(), 1e9);
+}
+
+TEST_F(WidgetScheduleTest, AViewThatStaysAsItIsEndsThePatienceOfNoOther) {
+    plan->moments = {{900, "one"}, {1001.25, "one"}};
+    place({small});
+    pass();
+    const Gate gate;
+    {
+        const std::scoped_lock lock(plan->mutex);
+        plan->gate = gate;
+    }
+    schedule.setPlaced({small, medium});
+    alarm.goOff(clock);
+    EXPECT_EQ(clock.seconds, 1001.25);
+    EXPECT_FALSE(schedule.view(medium));
+    EXPECT_EQ(alarm.seconds(), 1001.5);
+    gate.open();
+    waitForAnswers(1);
+    EXPECT_EQ(shown(medium), "one medium UTC");
+}
+
 TEST_F(WidgetScheduleTest, AStepOfTheClockShowsTheEntryOfThatMomentAndReloads) {
     plan->moments = {{1000, "now"}, {2000, "later"}};
     place({small});

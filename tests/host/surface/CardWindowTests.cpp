@@ -48,6 +48,14 @@ struct CardWindowTest : ::testing::Test {
         QCoreApplication::sendEvent(window->windowHandle(), &event);
     }
 
+    /// A key as it comes from the window system, which knows nothing of what has the focus in the window.
+    void key(Qt::Key key) const {
+        for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+            QKeyEvent event(type, key, Qt::NoModifier);
+            QCoreApplication::sendEvent(window->windowHandle(), &event);
+        }
+    }
+
     QMenu* menu() const { return window->findChild<QMenu*>(); }
 };
 
@@ -141,6 +149,27 @@ TEST_F(CardWindowTest, TheKeyboardComesToTheFirstStopAndEscapeGivesItBack) {
     QKeyEvent escape(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
     QCoreApplication::sendEvent(circle, &escape);
     EXPECT_FALSE(window->hasTakenFocus());
+}
+
+TEST_F(CardWindowTest, KeysPressWhatHasTheFocusUntilEscape) {
+    window->takeFocus();
+    QCoreApplication::processEvents();
+    key(Qt::Key_Space);
+    EXPECT_EQ(presses, 1);
+    key(Qt::Key_Escape);
+    EXPECT_EQ(window->focusWidget(), nullptr);
+    key(Qt::Key_Space);
+    key(Qt::Key_Tab);
+    key(Qt::Key_Space);
+    EXPECT_EQ(presses, 1);
+}
+
+TEST_F(CardWindowTest, KeysThatNobodyBroughtPressNothing) {
+    window->activateWindow();
+    QCoreApplication::processEvents();
+    circle->setFocus();
+    key(Qt::Key_Space);
+    EXPECT_EQ(presses, 0);
 }
 
 TEST_F(CardWindowTest, AClosedWindowComesBack) {

@@ -1,0 +1,76 @@
+"""What the screen shows, read from the frame buffer itself: a look costs a fraction of a millisecond."""
+import ctypes
+import mmap
+import struct
+import time
+
+PAUSE = 0.0005  # between two looks
+
+
+class Screen:
+    """The frame buffer that Xvfb keeps as an X window dump."""
+
+    def __init__(self, file):
+        with open(file, "rb") as dump:
+            self.pixels = mmap.mmap(dump.fileno(), 0, access=mmap.ACCESS_READ)
+        header = struct.unpack(">20I", self.pixels[:80])
+        self.start, self.stride = header[0] + header[19] * 12, header[12]
+
+    def look(self, areas):
+        """The bytes of some areas, each given as left, top, width and height."""
+        return b"".join(self.look_at(area) for area in areas)
+
+    def look_at(self, area):
+        left, top, width, height = area
+        begin = self.start + top * self.stride + left * 4
+        return b"".join(self.pixels[begin + row * self.stride:begin + row * self.stride + width * 4]
+                        for row in range(height))
+
+    def changes(self, areas, quiet, limit=20.0):
+        """Watches until the areas have changed and then stood still for a time. When they changed, first to last."""
+        times, before, end = [], self.look(areas), time.monotonic() + limit
+        while not times or time.monotonic() - times[-1] < quiet:
+            time.sleep(PAUSE)
+            now = self.look(areas)
+            if now != before:
+                times.append(time.monotonic())
+                before = now
+            elif time.monotonic() > end:
+                raise TimeoutError("nothing changed on the screen" if not times else "the screen never stands still")
+        return times
+
+    def first_picture(self, areas, bare, quiet=0.8, limit=20.0):
+        """When every one of the areas was drawn and none changed any more."""
+        last, before, end = None, None, time.monotonic() + limit
+        while last is None or time.monotonic() - last < quiet:
+            time.sleep(PAUSE)
+            now = [self.look_at(area) for area in areas]
+            if now != before and all(each != empty for each, empty in zip(now, bare)):
+                last = time.monotonic()
+            before = now
+            if time.monotonic() > end:
+                raise TimeoutError("not everything was drawn")
+        return last
+
+
+class Pointer:
+    """The mouse, without the time that a program for it would need to start."""
+
+    def __init__(self, display):
+        self.x11 = ctypes.CDLL("libX11.so.6")
+        self.test = ctypes.CDLL("libXtst.so.6")
+        self.x11.XOpenDisplay.restype = ctypes.c_void_p
+        self.display = ctypes.c_void_p(self.x11.XOpenDisplay(display.encode()))
+
+    def move(self, x, y):
+        self.test.XTestFakeMotionEvent(self.display, -1, x, y, ctypes.c_ulong(0))
+        self.x11.XSync(self.display, 0)
+
+    def click(self):
+        """When the button was let go."""
+        self.test.XTestFakeButtonEvent(self.display, 1, 1, ctypes.c_ulong(0))
+        self.x11.XSync(self.display, 0)
+        released = time.monotonic()
+        self.test.XTestFakeButtonEvent(self.display, 1, 0, ctypes.c_ulong(0))
+        self.x11.XFlush(self.display)
+        return released

@@ -1,0 +1,11 @@
+#pragma once
+
+namespace vantel {
+
+enum class Shade { light, dark };
+
+/// Gives menus and windows of this program colours of a shade, where the desktop's own are of the other one:
+/// not every desktop tells the toolkit what it tells the portal.
+void usePalette(Shade shade);
+
+} // namespace vantel
