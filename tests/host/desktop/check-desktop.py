@@ -328,8 +328,9 @@ def unreadable_placements_are_set_aside(desktop):
 
     def set_aside():
         return [each for each in desktop.state.iterdir() if each.name != "placements.json"]
-    wait_for(lambda: [each.read_text() for each in set_aside()] == ["{"], "the old file beside the new one")
-    wait_for(lambda: len(desktop.placements()) == 4, "four placements")
+    wait_for(lambda: len(set_aside()) == 1 and (desktop.state / "placements.json").exists(), "both files")
+    expect(set_aside()[0].read_text() == "{", f"{set_aside()[0]} is not the old file")
+    expect(len(desktop.placements()) == 4, f"the placements are {desktop.placements()}")
 
 
 def zone_where(moment, hour):

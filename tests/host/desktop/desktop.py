@@ -53,10 +53,14 @@ class Desktop:
         self.processes = []
 
     def __enter__(self):
-        self.start_display()
-        self.start_bus()
-        self.start("openbox")
-        wait_for(lambda: "_NET_SUPPORTING_WM_CHECK" in self.output("xprop", "-root"), "a window manager")
+        try:
+            self.start_display()
+            self.start_bus()
+            self.start("openbox")
+            wait_for(lambda: "_NET_SUPPORTING_WM_CHECK" in self.output("xprop", "-root"), "a window manager")
+        except Failed:
+            self.__exit__()
+            raise
         return self
 
     def __exit__(self, *_):
