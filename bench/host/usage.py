@@ -18,24 +18,24 @@ def processor_seconds(process):
 
 
 def switches(process):
-    """How often its threads were switched to or away from."""
-    total = 0
+    """How often each of its threads was switched to or away from."""
+    counts = {}
     for thread in pathlib.Path(f"/proc/{process.pid}/task").iterdir():
         try:
             lines = (thread / "status").read_text().splitlines()
         except (FileNotFoundError, ProcessLookupError):
             continue
-        total += sum(int(line.split()[1]) for line in lines if "ctxt_switches" in line)
-    return total
+        counts[thread.name] = sum(int(line.split()[1]) for line in lines if "ctxt_switches" in line)
+    return counts
 
 
 def wake_ups(process, seconds):
     """The moments in which it was awake, and its context switches, while nobody asks for anything."""
-    moments, first = 0, switches(process)
-    last, end = first, time.monotonic() + seconds
+    moments, switched, last, end = 0, 0, switches(process), time.monotonic() + seconds
     while time.monotonic() < end:
         time.sleep(0.2)
         now = switches(process)
         moments += now != last
+        switched += sum(max(0, count - last.get(thread, 0)) for thread, count in now.items())
         last = now
-    return moments, last - first
+    return moments, switched
