@@ -17,6 +17,16 @@ namespace {
 
 constexpr int portalPatience = 10'000; // milliseconds
 
+const QString portal = u"org.freedesktop.portal.Desktop"_qs;
+const QString portalPath = u"/org/freedesktop/portal/desktop"_qs;
+
+/// Where the portal tells what came of a request: it makes the path of the asker's name and of a token that
+/// the asker chooses, so that the answer can be awaited before the question is put.
+QString requestPath(const QDBusConnection& connection, const QString& token) {
+    const QString asker = connection.baseService().mid(1).replace(u'.', u'_');
+    return portalPath + u"/request/"_qs + asker + u'/' + token;
+}
+
 QString ownScheme() {
     return QString::fromLatin1(WidgetShared::urlScheme.data(), WidgetShared::urlScheme.size());
 }
@@ -68,25 +78,47 @@ void LinkOpener::open(const Url& url) {
 }
 
 void LinkOpener::askPortal(const QString& url) {
-    QDBusMessage call = QDBusMessage::createMethodCall(u"org.freedesktop.portal.Desktop"_qs,
-                                                       u"/org/freedesktop/portal/desktop"_qs,
+    const QString token = u"vantel"_qs + QString::number(++m_requests);
+    const QString request = requestPath(m_bus.connection(), token);
+    heed(request);
+    QDBusMessage call = QDBusMessage::createMethodCall(portal, portalPath,
                                                        u"org.freedesktop.portal.OpenURI"_qs, u"OpenURI"_qs);
-    call << QString() << url << QVariantMap();
+    call << QString() << url << QVariantMap{{u"handle_token"_qs, token}};
     auto* watcher = new QDBusPendingCallWatcher(m_bus.connection().asyncCall(call, portalPatience), this);
-    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, url, watcher] {
+    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, url, request, watcher] {
         watcher->deleteLater();
-        takeReply(url, watcher->reply());
+        takeReply(url, request, watcher->reply());
     });
 }
 
 /// A portal that is silent for long may still open the link: nothing else is tried then.
-void LinkOpener::takeReply(const QString& url, const QDBusMessage& reply) {
+void LinkOpener::takeReply(const QString& url, const QString& request, const QDBusMessage& reply) {
     if (reply.type() != QDBusMessage::ErrorMessage)
         return;
+    forget(request);
     if (reply.errorName() == u"org.freedesktop.DBus.Error.NoReply"_qs)
         fail(textKey("The desktop did not answer."));
     else
         startOpener(url);
+}
+
+/// Zero is success, and one is a user who thought better of it.
+void LinkOpener::takeResponse(uint code, const QVariantMap& /*results*/, const QDBusMessage& message) {
+    forget(message.path());
+    if (code > 1)
+        fail(textKey("The desktop offers no way to open links."));
+}
+
+void LinkOpener::heed(const QString& request) {
+    QDBusConnection(m_bus.connection())
+        .connect(portal, request, u"org.freedesktop.portal.Request"_qs, u"Response"_qs, this,
+                 SLOT(takeResponse(uint, QVariantMap, QDBusMessage)));
+}
+
+void LinkOpener::forget(const QString& request) {
+    QDBusConnection(m_bus.connection())
+        .disconnect(portal, request, u"org.freedesktop.portal.Request"_qs, u"Response"_qs, this,
+                    SLOT(takeResponse(uint, QVariantMap, QDBusMessage)));
 }
 
 void LinkOpener::startOpener(const QString& url) {

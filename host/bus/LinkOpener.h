@@ -4,11 +4,11 @@
 #include "platform/Formats.h"
 #include "platform/Url.h"
 
+#include <QDBusMessage>
 #include <QObject>
 #include <QStringList>
+#include <QVariantMap>
 #include <functional>
-
-class QDBusMessage;
 
 namespace vantel {
 
@@ -43,13 +43,17 @@ Q_SIGNALS:
 
 private:
     void askPortal(const QString& url);
-    void takeReply(const QString& url, const QDBusMessage& reply);
+    void takeReply(const QString& url, const QString& request, const QDBusMessage& reply);
+    Q_SLOT void takeResponse(uint code, const QVariantMap& results, const QDBusMessage& message);
+    void heed(const QString& request);
+    void forget(const QString& request);
     void startOpener(const QString& url);
     void fail(const char* sentenceKey);
 
     SessionBus& m_bus;
     const Formats& m_formats;
     LinkDoors m_doors;
+    int m_requests = 0; ///< how many the portal was asked
 };
 
 /// Whether a link is one of this system's.

@@ -1,14 +1,12 @@
 #include "host/bus/SchemeHandlers.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QStandardPaths>
-#include <algorithm>
 
 namespace vantel {
 
 namespace {
-
-const QString applications = u"/applications/"_qs;
 
 QStringList linesOf(const QString& path) {
     constexpr qint64 mostBytes = 4'000'000;
@@ -31,34 +29,63 @@ QStringList lists(const ApplicationFolders& folders) {
             paths.append(folder + u'/' + name);
     for (const QString& folder : folders.data)
         for (const QString& name : names + QStringList{u"mimeinfo.cache"_qs})
-            paths.append(folder + applications + name);
+            paths.append(folder + u"/applications/"_qs + name);
     return paths;
 }
 
-/// An entry in a subfolder has the folder's name and a dash before its own.
+/// Where an entry lies below a folder; empty for nowhere. Each dash of its name may stand for a subfolder.
+QString pathOf(const QString& entry, const QString& folder) {
+    const QString path = folder + u'/' + entry;
+    if (QFile::exists(path))
+        return path;
+    for (qsizetype dash = entry.indexOf(u'-', 1); dash > 0; dash = entry.indexOf(u'-', dash + 1)) {
+        const QString nested = folder + u'/' + entry.left(dash);
+        const bool isFolder = !entry.startsWith(u'.') && QFileInfo(nested).isDir();
+        if (const QString found = isFolder ? pathOf(entry.mid(dash + 1), nested) : QString();
+            !found.isEmpty())
+            return found;
+    }
+    return {};
+}
+
+/// An entry that says so counts as not installed, and hides one of the same name that lies farther away.
+bool isHidden(const QString& path) {
+    QString group;
+    for (const QString& line : linesOf(path)) {
+        if (line.startsWith(u'['))
+            group = line.trimmed();
+        else if (group == u"[Desktop Entry]"_qs && line.section(u'=', 0, 0).trimmed() == u"Hidden"_qs)
+            return line.section(u'=', 1).trimmed() == u"true"_qs;
+    }
+    return false;
+}
+
 bool isInstalled(const QString& entry, const ApplicationFolders& folders) {
     if (!entry.endsWith(u".desktop"_qs) || entry.contains(u'/'))
         return false;
-    QString nested = entry;
-    const qsizetype dash = nested.indexOf(u'-');
-    if (dash > 0)
-        nested[dash] = u'/';
-    return std::ranges::any_of(folders.data, [&](const QString& folder) {
-        return QFile::exists(folder + applications + entry) || QFile::exists(folder + applications + nested);
-    });
+    for (const QString& folder : folders.data)
+        if (const QString path = pathOf(entry, folder + u"/applications"_qs); !path.isEmpty())
+            return !isHidden(path);
+    return false;
 }
 
-/// The entries that the lines of a list give for a type, except those that it takes away.
-QStringList entriesFor(const QString& type, const QStringList& lines) {
-    QStringList entries;
+/// What a list says of a type.
+struct Associations {
+    QStringList given;
+    QStringList removed; ///< from every list that is farther away
+};
+
+Associations associationsOf(const QString& type, const QStringList& lines) {
+    Associations found;
     QString group;
     for (const QString& line : lines) {
         if (line.startsWith(u'['))
             group = line.trimmed();
-        else if (line.startsWith(type + u'=') && group != u"[Removed Associations]"_qs)
-            entries += line.mid(type.size() + 1).trimmed().split(u';', Qt::SkipEmptyParts);
+        else if (line.startsWith(type + u'='))
+            (group == u"[Removed Associations]"_qs ? found.removed : found.given) +=
+                line.mid(type.size() + 1).trimmed().split(u';', Qt::SkipEmptyParts);
     }
-    return entries;
+    return found;
 }
 
 } // namespace
@@ -70,10 +97,15 @@ ApplicationFolders ApplicationFolders::current() {
 
 bool hasSchemeHandler(const QString& scheme, const ApplicationFolders& folders) {
     const QString type = u"x-scheme-handler/"_qs + scheme;
-    return std::ranges::any_of(lists(folders), [&](const QString& path) {
-        return std::ranges::any_of(entriesFor(type, linesOf(path)),
-                                   [&](const QString& entry) { return isInstalled(entry, folders); });
-    });
+    QStringList removed;
+    for (const QString& path : lists(folders)) {
+        const Associations found = associationsOf(type, linesOf(path));
+        for (const QString& entry : found.given)
+            if (!removed.contains(entry) && isInstalled(entry, folders))
+                return true;
+        removed += found.removed;
+    }
+    return false;
 }
 
 } // namespace vantel

@@ -15,7 +15,8 @@ struct ApplicationFolders {
 };
 
 /// Whether an installed application opens links of a scheme: a list of applications, or the cache of what
-/// they say of themselves, names one whose desktop entry exists. Reads a few small files.
+/// they say of themselves, names one whose desktop entry exists and is not hidden. A list that takes an
+/// application away does so for those that are farther away. Reads a few small files.
 bool hasSchemeHandler(const QString& scheme, const ApplicationFolders& folders);
 
 } // namespace vantel

@@ -42,12 +42,12 @@ WidgetsService::~WidgetsService() {
 WidgetsService::Start WidgetsService::start(const QString& activationToken) {
     if (!m_bus.isConnected())
         return Start::noBus;
-    if (!takeName()) {
+    const Start outcome = takeName();
+    if (outcome == Start::alreadyRunning)
         activateOwner(activationToken);
-        return Start::alreadyRunning;
-    }
-    connect(&m_bus, &SessionBus::reconnected, this, &WidgetsService::takeNameAgain);
-    return Start::owned;
+    else
+        connect(&m_bus, &SessionBus::reconnected, this, &WidgetsService::takeNameAgain);
+    return outcome;
 }
 
 void WidgetsService::setConfigurations(const std::vector<WidgetKey>& placed) {
@@ -56,20 +56,24 @@ void WidgetsService::setConfigurations(const std::vector<WidgetKey>& placed) {
         m_configurations.append({text(key.kind), text(vantel::name(key.family))});
 }
 
-bool WidgetsService::takeName() {
+WidgetsService::Start WidgetsService::takeName() {
+    using Reply = QDBusConnectionInterface::RegisterServiceReply;
     QDBusConnection connection = m_bus.connection();
     QDBusConnectionInterface* bus = connection.interface();
     if (bus == nullptr)
-        return false;
+        return Start::noBus;
     connection.registerObject(objectPath(), &m_exported, QDBusConnection::ExportAdaptors);
-    const QDBusReply<QDBusConnectionInterface::RegisterServiceReply> reply =
+    const QDBusReply<Reply> reply =
         bus->registerService(serviceName(), QDBusConnectionInterface::DontQueueService,
                              QDBusConnectionInterface::DontAllowReplacement);
-    return reply.isValid() && reply.value() == QDBusConnectionInterface::ServiceRegistered;
+    if (reply.isValid())
+        return reply.value() == Reply::ServiceRegistered ? Start::owned : Start::alreadyRunning;
+    qWarning("The session bus does not give the name %s: %s", name, qUtf8Printable(reply.error().name()));
+    return Start::noBus;
 }
 
 void WidgetsService::takeNameAgain() {
-    if (!takeName())
+    if (takeName() == Start::alreadyRunning)
         qWarning("%s belongs to another process since the bus is back", name);
 }
 

@@ -23,7 +23,7 @@ public:
     enum class Start {
         owned,
         alreadyRunning, ///< another process has the name; it was asked to come forward: leave with 0
-        noBus           ///< go on without
+        noBus           ///< there is none, or it refuses the name: go on without
     };
 
     /// `bus` lives longer than the service.
@@ -54,7 +54,7 @@ Q_SIGNALS:
     void focusRequested();
 
 private:
-    bool takeName();
+    Start takeName();
     void takeNameAgain();
     void activateOwner(const QString& activationToken);
 

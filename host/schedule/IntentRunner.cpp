@@ -1,6 +1,7 @@
 #include "host/schedule/IntentRunner.h"
 
 #include <QCoreApplication>
+#include <QDeadlineTimer>
 #include <QEvent>
 #include <algorithm>
 #include <exception>
@@ -37,13 +38,13 @@ IntentRunner::IntentRunner(WidgetBundle bundle, IntentSurroundings surroundings,
 void IntentRunner::run(const std::string& kind, const IntentCall& call) {
     if (isPending(call))
         return;
-    m_pending.push_back({kind, call});
+    Press& press = m_pending.emplace_back(kind, call);
     const IntentDeclaration* declared = m_bundle.intent(call.name);
     const auto intent = declared != nullptr ? std::optional(*declared) : std::nullopt;
     const auto deliver = [this, kind, call](const std::optional<std::string>& reason) {
         finish({kind, call, reason ? failureSentence(call.name, *reason) : ""});
     };
-    m_worker.run([intent, call, surroundings = m_surroundings, deliver, to = m_mailbox.address()] {
+    press.worker.run([intent, call, surroundings = m_surroundings, deliver, to = m_mailbox.address()] {
         const auto reason = intent ? performed(*intent, call, surroundings) : notDeclared(call);
         to.post([deliver, reason] { deliver(reason); });
     });
@@ -58,7 +59,10 @@ bool IntentRunner::hasPending(const std::string& kind) const {
 }
 
 bool IntentRunner::drain(std::chrono::milliseconds patience) {
-    const bool isDone = m_worker.drain(patience);
+    const QDeadlineTimer end(patience);
+    bool isDone = true;
+    for (Press& press : m_pending)
+        isDone = press.worker.drain(std::chrono::milliseconds(end.remainingTime())) && isDone;
     QCoreApplication::sendPostedEvents(this, QEvent::MetaCall);
     return isDone;
 }

@@ -6,16 +6,16 @@
 #include "platform/Formats.h"
 
 #include <QObject>
+#include <list>
 #include <memory>
 #include <string>
-#include <vector>
 
 namespace vantel {
 
 /// The world as intents need it. Shared, since an intent that waits for a lock may outlive the runner.
 struct IntentSurroundings {
     std::shared_ptr<const Clock> clock;
-    std::shared_ptr<UuidSource> identifiers; ///< used by one thread at a time
+    std::shared_ptr<UuidSource> identifiers; ///< used by several threads at once
 };
 
 /// How one press of a button ended.
@@ -27,8 +27,9 @@ struct IntentOutcome {
     bool hasSucceeded() const { return failure.empty(); }
 };
 
-/// Runs the intents of pressed buttons on a worker thread, in the order of the presses and each exactly once.
-/// All functions belong to the window thread.
+/// Runs the intents of pressed buttons, each exactly once and on a worker thread of its own: a press that
+/// waits for a lock holds up no other. Those that are on their way together may end in any order. All
+/// functions belong to the window thread.
 class IntentRunner final : public QObject {
     Q_OBJECT
 
@@ -37,17 +38,17 @@ public:
     IntentRunner(WidgetBundle bundle, IntentSurroundings surroundings, const Formats& formats,
                  QObject* parent = nullptr);
 
-    /// Returns at once. A call that is already running or waiting is passed over: a second press of one
-    /// button while the first is on its way. An intent that the bundle does not declare fails.
+    /// Returns at once. A call that is on its way is passed over: a second press of one button before the
+    /// first has ended. An intent that the bundle does not declare fails.
     void run(const std::string& kind, const IntentCall& call);
 
     bool isPending(const IntentCall& call) const;
     bool hasPending(const std::string& kind) const;
 
     /// For the end of the program: waits for the presses so far, but no longer than `patience`, and hands out
-    /// the outcomes of those that have ended. Whether all have. If not, the presses that have not begun never
-    /// will, and one that waits for a lock may still run: leave with std::_Exit, so that it meets no object
-    /// that is being taken down. Every outcome that was handed out is on the disk.
+    /// the outcomes of those that have ended. Whether all have. If not, one that waits for a lock may
+    /// still run: leave with std::_Exit, so that it meets no object that is being taken down. Every outcome
+    /// that was handed out is on the disk.
     bool drain(std::chrono::milliseconds patience);
 
 Q_SIGNALS:
@@ -57,6 +58,7 @@ private:
     struct Press {
         std::string kind;
         IntentCall call;
+        Worker worker = {};
     };
 
     void finish(const IntentOutcome& outcome);
@@ -66,8 +68,7 @@ private:
     IntentSurroundings m_surroundings;
     const Formats& m_formats;
     Mailbox m_mailbox{this};
-    Worker m_worker;
-    std::vector<Press> m_pending;
+    std::list<Press> m_pending;
 };
 
 } // namespace vantel

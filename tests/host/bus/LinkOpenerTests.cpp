@@ -52,6 +52,20 @@ TEST_F(LinkOpenerOnABusTest, ThePortalOpensTheLink) {
     EXPECT_TRUE(failures.isEmpty());
 }
 
+TEST_F(LinkOpenerOnABusTest, OnlyAPortalThatFailsIsSaidOnceForEachLink) {
+    MockPortal portal(privateBus);
+    opener(bus);
+    for (const uint code : {0U, 1U, 2U, 0U, 2U}) { // success, a user who thought better of it, failure
+        portal.response = code;
+        const qsizetype before = portal.calls.size();
+        made->open(task);
+        ASSERT_TRUE(waitUntil([&] { return portal.calls.size() > before; }));
+    }
+    ASSERT_TRUE(waitUntil([this] { return failures.size() >= 2; }));
+    EXPECT_EQ(failures, QStringList(2, u"The desktop offers no way to open links."_qs));
+    EXPECT_TRUE(started.isEmpty());
+}
+
 TEST_F(LinkOpenerOnABusTest, APortalThatCannotOrIsNotThereLeavesItToXdgOpen) {
     opener(bus).open(task);
     ASSERT_TRUE(waitUntil([this] { return started.size() == 1; }));

@@ -1,5 +1,6 @@
 #include "tests/host/bus/MockPortal.h"
 
+#include <QDBusArgument>
 #include <QDBusObjectPath>
 #include <QDBusVariant>
 
@@ -16,6 +17,13 @@ QString wordsOf(const QDBusMessage& message) {
         if (argument.typeId() == QMetaType::QString && !argument.toString().isEmpty())
             words.append(argument.toString());
     return words.join(u' ');
+}
+
+/// The path of the request that a message opens.
+QString requestPath(const QDBusMessage& message) {
+    const auto options = qdbus_cast<QVariantMap>(message.arguments().value(2));
+    return portalPath + u"/request/"_qs + message.service().mid(1).replace(u'.', u'_') + u'/' +
+           options.value(u"handle_token"_qs).toString();
 }
 
 QVariant wrapped(const QVariant& value) {
@@ -46,13 +54,22 @@ void MockPortal::sendChange(const QVariantList& arguments) {
 bool MockPortal::handleMessage(const QDBusMessage& message, const QDBusConnection& connection) {
     calls.append(wordsOf(message));
     connection.send(answer(message));
+    if (response && message.member() == u"OpenURI"_qs)
+        respond(message, connection);
     return true;
+}
+
+void MockPortal::respond(const QDBusMessage& message, const QDBusConnection& connection) const {
+    QDBusMessage signal = QDBusMessage::createTargetedSignal(
+        message.service(), requestPath(message), u"org.freedesktop.portal.Request"_qs, u"Response"_qs);
+    signal << *response << QVariantMap();
+    connection.send(signal);
 }
 
 QDBusMessage MockPortal::answer(const QDBusMessage& message) const {
     const QString member = message.member();
     if (member == u"OpenURI"_qs && answersLinks)
-        return message.createReply(QVariant::fromValue(QDBusObjectPath(u"/request/1"_qs)));
+        return message.createReply(QVariant::fromValue(QDBusObjectPath(requestPath(message))));
     if (member == u"Read"_qs || (member == u"ReadOne"_qs && hasReadOne))
         return setting(message);
     return message.createErrorReply(unknownMethod, u"no such method"_qs);

@@ -5,6 +5,7 @@
 #include <QDBusVirtualObject>
 #include <QMap>
 #include <QStringList>
+#include <optional>
 
 namespace vantel::testing {
 
@@ -18,7 +19,8 @@ public:
     QMap<QString, QVariant> settings;
     bool hasReadOne = true;
     bool answersLinks = true;
-    QStringList calls; ///< "ReadOne namespace key", "OpenURI url", in their order
+    std::optional<uint> response; ///< follows the reply to OpenURI
+    QStringList calls;            ///< "ReadOne namespace key", "OpenURI url", in their order
 
     /// Tells everybody of a setting.
     void change(const QString& space, const QString& key, const QVariant& value);
@@ -30,6 +32,7 @@ public:
     QString introspect(const QString&) const override { return {}; }
 
 private:
+    void respond(const QDBusMessage& message, const QDBusConnection& connection) const;
     QDBusMessage answer(const QDBusMessage& message) const;
     QDBusMessage setting(const QDBusMessage& message) const;
 

@@ -13,12 +13,12 @@ namespace {
 
 constexpr const char* configuration = R"(<busconfig>
 <type>session</type>
-<listen>unix:path=%s</listen>
+<listen>unix:path=%1</listen>
 <auth>EXTERNAL</auth>
 <policy context="default">
 <allow send_destination="*" eavesdrop="true"/>
 <allow eavesdrop="true"/>
-<allow own="*"/>
+<%2 own="*"/>
 </policy>
 </busconfig>)";
 
@@ -29,11 +29,11 @@ QString freshName() {
 
 } // namespace
 
-PrivateBus::PrivateBus() {
-    std::ofstream(m_folder / "bus.conf")
-        << QString::fromLatin1(configuration)
-               .replace(u"%s"_qs, QString::fromStdString(m_folder / "socket"))
-               .toStdString();
+PrivateBus::PrivateBus(Names names) {
+    const QString rule = names == Names::allowed ? u"allow"_qs : u"deny"_qs;
+    std::ofstream(m_folder / "bus.conf") << QString::fromLatin1(configuration)
+                                                .arg(QString::fromStdString(m_folder / "socket"), rule)
+                                                .toStdString();
     start();
 }
 

@@ -12,7 +12,9 @@ namespace vantel::testing {
 /// A session bus of a test's own that starts no services, gone with the object.
 class PrivateBus {
 public:
-    PrivateBus();
+    enum class Names { allowed, refused };
+
+    explicit PrivateBus(Names names = Names::allowed);
     PrivateBus(const PrivateBus&) = delete;
     PrivateBus& operator=(const PrivateBus&) = delete;
 

@@ -15,6 +15,7 @@ protected:
     SchemeHandlersTest() {
         install("halvo.desktop");
         install("kde/halvo.desktop");
+        install("one-two/three/halvo-app.desktop");
     }
 
     void install(const std::string& entry) const { write("data/applications/" + entry, "[Desktop Entry]\n"); }
@@ -60,6 +61,10 @@ TEST_F(SchemeHandlersTest, LinesAreReadAsTheyStand) {
                                            {"x-scheme-handler/vantel=halvo.desktop;\r", true},
                                            {"x-scheme-handler/vantel=gone.desktop;halvo.desktop;", true},
                                            {"x-scheme-handler/vantel=kde-halvo.desktop", true},
+                                           {"x-scheme-handler/vantel=one-two-three-halvo-app.desktop", true},
+                                           {"x-scheme-handler/vantel=one-two-halvo-app.desktop", false},
+                                           {"x-scheme-handler/vantel=..-applications-halvo.desktop", false},
+                                           {"x-scheme-handler/vantel=-halvo.desktop", false},
                                            {"x-scheme-handler/vantel=gone.desktop", false},
                                            {"x-scheme-handler/vantel=", false},
                                            {"x-scheme-handler/vantel=;;", false},
@@ -77,6 +82,37 @@ TEST_F(SchemeHandlersTest, LinesAreReadAsTheyStand) {
 TEST_F(SchemeHandlersTest, AnAssociationThatIsTakenAwayIsNone) {
     write("config/mimeapps.list", "[Removed Associations]\nx-scheme-handler/vantel=halvo.desktop\n");
     EXPECT_FALSE(isHandled());
+}
+
+TEST_F(SchemeHandlersTest, AListTakesAssociationsAwayFromThoseThatAreFartherOnly) {
+    const std::string given = "[Added Associations]\nx-scheme-handler/vantel=halvo.desktop;\n";
+    const std::string removed = "[Removed Associations]\nx-scheme-handler/vantel=halvo.desktop;\n";
+    write("data/applications/mimeinfo.cache", "[MIME Cache]\nx-scheme-handler/vantel=halvo.desktop;\n");
+    write("data/applications/mimeapps.list", removed);
+    EXPECT_FALSE(isHandled());
+    write("config/mimeapps.list", given);
+    EXPECT_TRUE(isHandled());
+    write("config/vivid-mimeapps.list", removed);
+    EXPECT_FALSE(isHandled());
+    write("config/mimeapps.list", "[Added Associations]\nx-scheme-handler/vantel=kde-halvo.desktop\n");
+    EXPECT_TRUE(isHandled());
+}
+
+TEST_F(SchemeHandlersTest, AHiddenEntryIsNotInstalledAndHidesAFartherOne) {
+    write("config/mimeapps.list", "[Default Applications]\nx-scheme-handler/vantel=halvo.desktop\n");
+    struct Row {
+        std::string entry;
+        bool isHandled;
+    };
+    for (const Row& row : std::vector<Row>{{"[Desktop Entry]\nHidden=true\n", false},
+                                           {"[Desktop Entry]\nName=A\nHidden = true\r\n", false},
+                                           {"[Desktop Entry]\nHidden=false\n", true},
+                                           {"[Desktop Entry]\nNoDisplay=true\n", true},
+                                           {"[Desktop Entry]\nHidden\n", true},
+                                           {"[Desktop Action New]\nHidden=true\n", true}}) {
+        write("other/applications/halvo.desktop", row.entry);
+        EXPECT_EQ(isHandled(), row.isHandled) << row.entry;
+    }
 }
 
 } // namespace

@@ -166,6 +166,18 @@ TEST(WidgetsServiceWithoutBus, GoesOnWithout) {
     }
 }
 
+TEST(WidgetsServiceWithoutBus, ABusThatRefusesTheNameIsSaidAndIsNoOtherProcess) {
+    const PrivateBus privateBus(PrivateBus::Names::refused);
+    SessionBus bus(privateBus.address());
+    ASSERT_TRUE(bus.isConnected());
+    WidgetsService service(bus);
+    ::testing::internal::CaptureStderr();
+    EXPECT_EQ(service.start(), WidgetsService::Start::noBus);
+    EXPECT_EQ(::testing::internal::GetCapturedStderr(),
+              "The session bus does not give the name org.vantel.Widgets: "
+              "org.freedesktop.DBus.Error.AccessDenied\n");
+}
+
 TEST(SessionBusAddress, IsTheVariableElseTheRuntimeFolder) {
     const ScopedEnvironment folder("XDG_RUNTIME_DIR", "/run/user/7");
     const ScopedEnvironment address("DBUS_SESSION_BUS_ADDRESS", "unix:path=/x");
