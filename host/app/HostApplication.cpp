@@ -8,6 +8,7 @@
 #include <QMessageBox>
 #include <QScreen>
 #include <QTimer>
+#include <algorithm>
 #include <chrono>
 #include <cstdlib>
 #include <utility>
@@ -87,7 +88,8 @@ int HostApplication::runWithGallery() {
 int HostApplication::runUntilEnd() {
     QApplication::setQuitOnLastWindowClosed(false);
     SignalWatch signalWatch;
-    connect(&signalWatch, &SignalWatch::endRequested, this, &HostApplication::end);
+    connect(&signalWatch, &SignalWatch::endRequested, qApp, &QApplication::quit);
+    connect(qApp, &QApplication::aboutToQuit, this, [this] { m_intents.drain(patienceAtEnd); });
     takePreferences(m_settings.preferences());
     m_desk.start();
     QTimer::singleShot(0, this, &HostApplication::watchDays);
@@ -138,7 +140,7 @@ void HostApplication::joinDesk() {
     connect(&m_desk, &Desk::addWidgetsAsked, this, &HostApplication::showGallery);
     connect(&m_desk, &Desk::reloadAsked, &m_schedule, &WidgetSchedule::reload);
     connect(&m_desk, &Desk::aboutAsked, this, &HostApplication::showAbout);
-    connect(&m_desk, &Desk::quitAsked, this, &HostApplication::end);
+    connect(&m_desk, &Desk::quitAsked, qApp, &QApplication::quit);
     connect(&m_settings, &DesktopSettings::changed, this, &HostApplication::takePreferences);
 }
 
@@ -246,13 +248,6 @@ void HostApplication::showAbout() {
     box->setAttribute(Qt::WA_DeleteOnClose);
     box->setModal(false);
     box->show();
-}
-
-/// A press that waits for a lock that is never freed must not meet objects that are being taken down.
-void HostApplication::end() {
-    if (!m_intents.drain(patienceAtEnd))
-        std::_Exit(EXIT_SUCCESS);
-    QApplication::quit();
 }
 
 } // namespace vantel

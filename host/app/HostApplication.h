@@ -33,7 +33,8 @@ public:
     ~HostApplication() override;
 
     /// Shows the widgets, or asks the program that already runs to come forward. Returns the exit status once
-    /// the program has ended.
+    /// the program is to end. A provider or a press that waits for a lock may then still run: leave with
+    /// std::_Exit, before anything is taken down.
     int run();
 
     /// The same, and opens the gallery.
@@ -55,7 +56,6 @@ private:
     void showGallery();
     QWidget* makePreview(const StaticConfiguration& widget, WidgetFamily family);
     void showAbout();
-    void end();
 
     HostedWidgets m_widgets;
     const Formats& m_formats;

@@ -172,12 +172,26 @@ void Desk::update() {
     const auto monitors = m_parts.screens.monitors();
     if (m_isFirstStart && !monitors.empty())
         placeFirst(monitors.front());
+    std::vector<QRect> shown;
     for (const Placement& placement : m_placements)
-        updateWindow(placement, monitors);
+        updateWindow(placement, monitors, shown);
     announce();
 }
 
-void Desk::updateWindow(const Placement& placement, const std::vector<Monitor>& monitors) {
+/// Where a placement is shown. Larger cards and smaller screens than those it was made for may not put it
+/// over another: then it is shown beside the others, and its own place stays remembered.
+QPoint Desk::shownPosition(const Placement& placement, QSize card, const Monitor& monitor,
+                           const std::vector<QRect>& shown) const {
+    const QPoint position = positionOf(placement, card, monitor.geometry);
+    const QRect place(position, card);
+    const bool fits = marginsFrom(placement.corner, place, monitor.geometry) == placement.margins;
+    if ((fits && m_scale == 1) || !liesOver(place, shown))
+        return position;
+    return freeSpot(card, shown, monitor.available, m_scale);
+}
+
+void Desk::updateWindow(const Placement& placement, const std::vector<Monitor>& monitors,
+                        std::vector<QRect>& shown) {
     const Monitor* monitor = monitorOf(placement, monitors, m_placements);
     if (monitor == nullptr || !isKnown(placement.kind, placement.family)) {
         m_windows.erase(placement.id);
@@ -187,7 +201,9 @@ void Desk::updateWindow(const Placement& placement, const std::vector<Monitor>& 
     const bool isNew = window == nullptr;
     if (isNew)
         window = makeWindow(placement);
-    const QPoint position = positionOf(placement, window->card()->size(), monitor->geometry);
+    const QSize card = window->card()->size();
+    const QPoint position = shownPosition(placement, card, *monitor, shown);
+    shown.emplace_back(position, card);
     if (isNew || window->cardScreen() != monitor->screen)
         window->showCard(monitor->screen, position);
     else

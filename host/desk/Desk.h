@@ -87,7 +87,10 @@ private:
     void placeFirst(const Monitor& monitor);
     std::vector<QRect> cardsOn(const Monitor& monitor, const Uuid& without) const;
     void update();
-    void updateWindow(const Placement& placement, const std::vector<Monitor>& monitors);
+    QPoint shownPosition(const Placement& placement, QSize card, const Monitor& monitor,
+                         const std::vector<QRect>& shown) const;
+    void updateWindow(const Placement& placement, const std::vector<Monitor>& monitors,
+                      std::vector<QRect>& shown);
     Window makeWindow(const Placement& placement);
     void connectWindow(CardWindow& window, const Uuid& id);
     void announce();

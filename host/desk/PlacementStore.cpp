@@ -1,9 +1,9 @@
 #include "host/desk/PlacementStore.h"
 
+#include "platform/BaseFolders.h"
 #include "platform/DataFile.h"
 
 #include <cerrno>
-#include <cstdlib>
 #include <utility>
 
 namespace vantel {
@@ -11,21 +11,6 @@ namespace vantel {
 namespace {
 
 constexpr int mostSetAside = 1000;
-
-std::optional<FileURL> absolutePathFrom(const char* variable) {
-    const char* value = std::getenv(variable);
-    if (value == nullptr || value[0] != '/')
-        return std::nullopt;
-    return FileURL(value);
-}
-
-std::optional<FileURL> stateHome() {
-    if (auto state = absolutePathFrom("XDG_STATE_HOME"))
-        return state;
-    if (const auto home = absolutePathFrom("HOME"))
-        return *home / ".local" / "state";
-    return std::nullopt;
-}
 
 FileURL fileIn(const FileURL& folder) {
     return folder / "placements.json";

@@ -84,8 +84,10 @@ void CardWidget::setView(const WidgetView& view) {
 void CardWidget::setLook(const Look& look) {
     if (m_private->look == look)
         return;
-    const bool isSameLayout = Look{look.appearance, m_private->look.scale, look.motion,
-                                   m_private->look.standardFamily, m_private->look.monospacedFamily} == look;
+    Look recolored = m_private->look;
+    recolored.appearance = look.appearance;
+    recolored.motion = look.motion;
+    const bool isSameLayout = recolored == look;
     m_private->look = look;
     if (isSameLayout)
         update();

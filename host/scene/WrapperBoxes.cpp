@@ -45,23 +45,23 @@ QSizeF PaddedBox::measured(const Proposal& proposal) const {
     const double horizontal = m_padding.leading + m_padding.trailing;
     const double vertical = m_padding.top + m_padding.bottom;
     const QSizeF size =
-        m_content->size({lessened(proposal.width, horizontal), lessened(proposal.height, vertical)});
+        content().size({lessened(proposal.width, horizontal), lessened(proposal.height, vertical)});
     return size + QSizeF(horizontal, vertical);
 }
 
 double PaddedBox::firstBaseline(const QSizeF& size) const {
-    return m_padding.top + m_content->firstBaseline(inner(size));
+    return m_padding.top + content().firstBaseline(inner(size));
 }
 
 void PaddedBox::place(const QRectF& rectangle, Placer& placer) const {
     const QPointF corner = rectangle.topLeft() + QPointF(m_padding.leading, m_padding.top);
-    m_content->place({corner, inner(rectangle.size())}, placer);
+    content().place({corner, inner(rectangle.size())}, placer);
 }
 
 QSizeF FramedBox::measured(const Proposal& proposal) const {
     const auto width = m_frame.width ? m_frame.width : proposal.width;
     const auto height = m_frame.height ? m_frame.height : proposal.height;
-    QSizeF size = m_content->size({width, height});
+    QSizeF size = content().size({width, height});
     if (m_frame.width || (m_frame.fill == FrameFill::both && width))
         size.setWidth(*width);
     if (m_frame.height || (m_frame.fill == FrameFill::both && height))
@@ -71,23 +71,23 @@ QSizeF FramedBox::measured(const Proposal& proposal) const {
 }
 
 QRectF FramedBox::inner(const QRectF& rectangle) const {
-    const QSizeF size = m_content->size({rectangle.width(), rectangle.height()});
+    const QSizeF size = content().size({rectangle.width(), rectangle.height()});
     return aligned(size, rectangle, m_frame.alignment);
 }
 
 double FramedBox::firstBaseline(const QSizeF& size) const {
-    const QRectF content = inner({{0, 0}, size});
-    return content.top() + m_content->firstBaseline(content.size());
+    const QRectF inside = inner({{0, 0}, size});
+    return inside.top() + content().firstBaseline(inside.size());
 }
 
 void FramedBox::place(const QRectF& rectangle, Placer& placer) const {
-    m_content->place(inner(rectangle), placer);
+    content().place(inner(rectangle), placer);
 }
 
 void CapsuleBox::place(const QRectF& rectangle, Placer& placer) const {
     placer.add(rectangle,
                ShapePiece{.color = m_color, .cornerRadius = rectangle.height() / 2, .isCapsule = true});
-    m_content->place(rectangle, placer);
+    content().place(rectangle, placer);
 }
 
 void SpeakingBox::place(const QRectF& rectangle, Placer& placer) const {
@@ -96,7 +96,7 @@ void SpeakingBox::place(const QRectF& rectangle, Placer& placer) const {
     else
         placer.addSpoken(rectangle, m_label);
     placer.silence();
-    m_content->place(rectangle, placer);
+    content().place(rectangle, placer);
     placer.unsilence();
 }
 

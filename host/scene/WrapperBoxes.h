@@ -23,10 +23,26 @@ private:
     StackAlignment m_alignment;
 };
 
-class PaddedBox final : public Box {
+/// A box around one other, as large as that one unless it says otherwise.
+class WrapperBox : public Box {
+public:
+    explicit WrapperBox(BoxPointer content)
+        : m_content(std::move(content)) {}
+
+    double firstBaseline(const QSizeF& size) const override { return m_content->firstBaseline(size); }
+
+protected:
+    QSizeF measured(const Proposal& proposal) const override { return m_content->size(proposal); }
+    const Box& content() const { return *m_content; }
+
+private:
+    BoxPointer m_content;
+};
+
+class PaddedBox final : public WrapperBox {
 public:
     PaddedBox(BoxPointer content, const Padding& padding)
-        : m_content(std::move(content))
+        : WrapperBox(std::move(content))
         , m_padding(padding) {}
 
     double firstBaseline(const QSizeF& size) const override;
@@ -38,14 +54,13 @@ protected:
 private:
     QSizeF inner(const QSizeF& size) const;
 
-    BoxPointer m_content;
     Padding m_padding;
 };
 
-class FramedBox final : public Box {
+class FramedBox final : public WrapperBox {
 public:
     FramedBox(BoxPointer content, const Frame& frame)
-        : m_content(std::move(content))
+        : WrapperBox(std::move(content))
         , m_frame(frame) {}
 
     double firstBaseline(const QSizeF& size) const override;
@@ -57,46 +72,35 @@ protected:
 private:
     QRectF inner(const QRectF& rectangle) const;
 
-    BoxPointer m_content;
     Frame m_frame;
 };
 
 /// Content on a filled shape with round ends.
-class CapsuleBox final : public Box {
+class CapsuleBox final : public WrapperBox {
 public:
     CapsuleBox(BoxPointer content, Color color)
-        : m_content(std::move(content))
+        : WrapperBox(std::move(content))
         , m_color(color) {}
 
-    double firstBaseline(const QSizeF& size) const override { return m_content->firstBaseline(size); }
     void place(const QRectF& rectangle, Placer& placer) const override;
 
-protected:
-    QSizeF measured(const Proposal& proposal) const override { return m_content->size(proposal); }
-
 private:
-    BoxPointer m_content;
     Color m_color;
 };
 
 /// Content that is read out as one text of its own, and does something when it has an action.
-class SpeakingBox final : public Box {
+class SpeakingBox final : public WrapperBox {
 public:
     using Action = std::optional<std::variant<Url, IntentCall>>;
 
     SpeakingBox(BoxPointer content, QString label, Action action)
-        : m_content(std::move(content))
+        : WrapperBox(std::move(content))
         , m_label(std::move(label))
         , m_action(std::move(action)) {}
 
-    double firstBaseline(const QSizeF& size) const override { return m_content->firstBaseline(size); }
     void place(const QRectF& rectangle, Placer& placer) const override;
 
-protected:
-    QSizeF measured(const Proposal& proposal) const override { return m_content->size(proposal); }
-
 private:
-    BoxPointer m_content;
     QString m_label;
     Action m_action;
 };

@@ -14,13 +14,8 @@ namespace {
 
 using namespace testing;
 
-const SystemCalendar& berlin() {
-    static const SystemCalendar calendar = SystemCalendar::named("Europe/Berlin").value();
-    return calendar;
-}
-
 PictureContext context() {
-    return {plainFormats(), berlin(), parseInstant("2026-11-17T09:20", berlin()).value(), 1};
+    return {plainFormats(), berlin(), at("2026-11-17T09:20"), 1};
 }
 
 QImage preview(const StaticConfiguration& widget, WidgetFamily family, const Appearance& appearance) {

@@ -270,6 +270,36 @@ TEST_F(DeskTest, AScaleMovesCardsByTheirCorner) {
     EXPECT_EQ(cardOf(widgetA().id), QRect(1087, 52, 255, 255));
 }
 
+bool anyOverlap(const std::vector<QRect>& cards) {
+    for (std::size_t i = 0; i < cards.size(); ++i)
+        for (std::size_t j = i + 1; j < cards.size(); ++j)
+            if (cards[i].intersects(cards[j]))
+                return true;
+    return false;
+}
+
+TEST_F(DeskTest, GrownCardsDoNotCoverEachOtherAndTheirPlacesStayRemembered) {
+    screens.set({external});
+    start();
+    const Placements before = desk->placements();
+    for (const Placement& placement : before)
+        desk->window(placement.id)->card()->setFixedSize(cardSize(placement.family, 2).toSize());
+    desk->setScale(2);
+    EXPECT_FALSE(anyOverlap(cards()));
+    for (const QRect& card : cards())
+        EXPECT_TRUE(external.geometry.contains(card));
+    EXPECT_EQ(desk->placements(), before);
+    EXPECT_EQ(store.load(), before);
+}
+
+TEST_F(DeskTest, CardsThatASmallScreenPushesTogetherStandBesideEachOther) {
+    start();
+    Monitor flat = laptop;
+    flat.geometry = flat.available = QRect(0, 0, 1366, 420);
+    screens.set({flat});
+    EXPECT_FALSE(anyOverlap(cards()));
+}
+
 TEST_F(DeskTest, AWindowBearsTheNameOfItsWidget) {
     startWith(widgetA());
     EXPECT_EQ(desk->window(widgetA().id)->windowTitle(), QStringLiteral("Widget A"));

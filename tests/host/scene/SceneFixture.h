@@ -1,16 +1,11 @@
 #pragma once
 
 #include "host/scene/Scene.h"
-#include "tests/fakes/FakeFormats.h"
+#include "tests/widgets/WidgetFixture.h"
 
 #include <QFontDatabase>
 
 namespace vantel::testing {
-
-inline const PlainFormats& plainFormats() {
-    static const PlainFormats formats;
-    return formats;
-}
 
 /// Fonts that lie in the project, so that texts are as wide on every machine.
 inline Look testLook(const Appearance& appearance = Appearance::aqua()) {

@@ -13,15 +13,6 @@ namespace {
 
 using namespace testing;
 
-const SystemCalendar& berlin() {
-    static const SystemCalendar calendar = SystemCalendar::named("Europe/Berlin").value();
-    return calendar;
-}
-
-Instant at(std::string_view moment) {
-    return parseInstant(moment, berlin()).value();
-}
-
 std::shared_ptr<const WidgetSnapshot> sample(const std::string& name) {
     const auto bytes = readFile(std::string(VANTEL_TEST_DATA "/samples/") + name, systemFileSystem());
     return std::make_shared<const WidgetSnapshot>(decodeSnapshot(bytes.value()).value());
