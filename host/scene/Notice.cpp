@@ -28,7 +28,7 @@ TextStyle noticeStyle() {
 
 TextBlock wrapped(const QString& text, const Look& look, double width) {
     const TextStyle style = noticeStyle();
-    const QFont font = sceneFont(style, look);
+    const SceneFont font = sceneFont(style, look);
     return textBlock(text, font, lineMetrics(font, style.font.size), {width, 2});
 }
 

@@ -9,6 +9,7 @@ namespace vantel::scene {
 
 namespace {
 
+constexpr int laidOutSize = 240; ///< in pixels
 constexpr double highestLine = 1.25;
 constexpr double largeSize = 16;
 constexpr double textPitch = 1.25;
@@ -38,21 +39,22 @@ QFont family(FontDesign design, const Look& look) {
 
 } // namespace
 
-QFont sceneFont(const TextStyle& style, const Look& look, double fraction) {
+SceneFont sceneFont(const TextStyle& style, const Look& look, double fraction) {
     QFont font = family(style.font.design, look);
-    font.setPixelSize(qRound(std::max(1.0, style.font.size * fraction) * fontPixelsPerPoint));
+    const double pixelsPerPoint = laidOutSize / std::max(1.0, style.font.size * fraction);
+    font.setPixelSize(laidOutSize);
     font.setWeight(qtWeight(style.font.weight));
     font.setHintingPreference(QFont::PreferNoHinting);
     font.setStyleStrategy(QFont::StyleStrategy(QFont::PreferAntialias | QFont::NoSubpixelAntialias));
-    font.setLetterSpacing(QFont::AbsoluteSpacing, (style.tracking + style.kerning) * fontPixelsPerPoint);
+    font.setLetterSpacing(QFont::AbsoluteSpacing, (style.tracking + style.kerning) * pixelsPerPoint);
     font.setKerning(style.kerning == 0);
-    return font;
+    return {font, pixelsPerPoint};
 }
 
-LineMetrics lineMetrics(const QFont& font, double size) {
-    const QFontMetricsF metrics(font);
-    const double ascent = metrics.ascent() / fontPixelsPerPoint;
-    const double descent = metrics.descent() / fontPixelsPerPoint;
+LineMetrics lineMetrics(const SceneFont& font, double size) {
+    const QFontMetricsF metrics(font.font);
+    const double ascent = metrics.ascent() / font.pixelsPerPoint;
+    const double descent = metrics.descent() / font.pixelsPerPoint;
     const double fraction = std::min(1.0, highestLine * size / (ascent + descent));
     const double pitch = size < largeSize ? textPitch : titlePitch;
     return {ascent * fraction, descent * fraction, pitch * size};

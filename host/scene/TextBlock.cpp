@@ -23,8 +23,8 @@ QList<QGlyphRun> glyphsFromBaseline(const QTextLine& line) {
     return runs;
 }
 
-TextLine unbrokenLine(const QString& text, const QFont& font) {
-    QTextLayout layout(text, font);
+TextLine unbrokenLine(const QString& text, const SceneFont& font) {
+    QTextLayout layout(text, font.font);
     layout.beginLayout();
     QTextLine line = layout.createLine();
     if (line.isValid()) {
@@ -33,14 +33,14 @@ TextLine unbrokenLine(const QString& text, const QFont& font) {
     }
     layout.endLayout();
     if (!line.isValid())
-        return {{}, 0};
-    return {glyphsFromBaseline(line), line.naturalTextWidth() / fontPixelsPerPoint};
+        return {{}, 0, font.pixelsPerPoint};
+    return {glyphsFromBaseline(line), line.naturalTextWidth() / font.pixelsPerPoint, font.pixelsPerPoint};
 }
 
 /// A blank before the ellipsis would make it stand apart from the word it cuts.
-QString elided(const QString& text, const QFont& font, double width) {
+QString elided(const QString& text, const SceneFont& font, double width) {
     constexpr QChar ellipsis(0x2026);
-    QString result = QFontMetricsF(font).elidedText(text, Qt::ElideRight, width * fontPixelsPerPoint);
+    QString result = QFontMetricsF(font.font).elidedText(text, Qt::ElideRight, width * font.pixelsPerPoint);
     while (result.size() > 1 && result.endsWith(ellipsis) && result.at(result.size() - 2).isSpace())
         result.remove(result.size() - 2, 1);
     return result;
@@ -52,8 +52,8 @@ struct Break {
 };
 
 /// Where lines of a width begin, as far as one line beyond the limit.
-std::vector<Break> breaks(const QString& text, const QFont& font, const TextRoom& room) {
-    QTextLayout layout(text, font);
+std::vector<Break> breaks(const QString& text, const SceneFont& font, const TextRoom& room) {
+    QTextLayout layout(text, font.font);
     QTextOption option;
     option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
     layout.setTextOption(option);
@@ -63,7 +63,7 @@ std::vector<Break> breaks(const QString& text, const QFont& font, const TextRoom
         QTextLine line = layout.createLine();
         if (!line.isValid())
             break;
-        line.setLineWidth(room.width * fontPixelsPerPoint);
+        line.setLineWidth(room.width * font.pixelsPerPoint);
         result.push_back({line.textStart(), line.textLength()});
     }
     layout.endLayout();
@@ -79,7 +79,7 @@ QSizeF TextBlock::size() const {
     return {width, metrics.height(lines.size())};
 }
 
-TextBlock textBlock(const QString& text, const QFont& font, const LineMetrics& metrics,
+TextBlock textBlock(const QString& text, const SceneFont& font, const LineMetrics& metrics,
                     const TextRoom& room) {
     TextBlock block{{}, metrics};
     if (room.lines <= 1) {
@@ -99,14 +99,14 @@ TextBlock textBlock(const QString& text, const QFont& font, const LineMetrics& m
 void drawLine(QPainter& painter, const QPointF& begin, const TextLine& line) {
     painter.save();
     painter.translate(begin);
-    painter.scale(1 / fontPixelsPerPoint, 1 / fontPixelsPerPoint);
+    painter.scale(1 / line.pixelsPerPoint, 1 / line.pixelsPerPoint);
     for (const QGlyphRun& run : line.glyphs)
         painter.drawGlyphRun({0, 0}, run);
     painter.restore();
 }
 
-double widthOf(const QString& text, const QFont& font) {
-    return QFontMetricsF(font).horizontalAdvance(text) / fontPixelsPerPoint;
+double widthOf(const QString& text, const SceneFont& font) {
+    return QFontMetricsF(font.font).horizontalAdvance(text) / font.pixelsPerPoint;
 }
 
 } // namespace vantel::scene

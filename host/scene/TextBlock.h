@@ -12,10 +12,11 @@ class QPainter;
 namespace vantel::scene {
 
 /// One line of shaped glyphs. Positions count from the line's leading end and baseline, in pixels of the
-/// enlarged font.
+/// enlarged font that it was laid out with.
 struct TextLine {
     QList<QGlyphRun> glyphs;
     double width; ///< in points
+    double pixelsPerPoint;
 };
 
 /// Lines of text that fit a room, shaped once and drawn many times.
@@ -33,12 +34,13 @@ struct TextRoom {
 };
 
 /// Breaks a text at words into at most the lines of the room; what does not fit ends in an ellipsis.
-TextBlock textBlock(const QString& text, const QFont& font, const LineMetrics& metrics, const TextRoom& room);
+TextBlock textBlock(const QString& text, const SceneFont& font, const LineMetrics& metrics,
+                    const TextRoom& room);
 
 /// Draws a line from where it begins on its baseline, in points.
 void drawLine(QPainter& painter, const QPointF& begin, const TextLine& line);
 
 /// The width of a text on one line, in points.
-double widthOf(const QString& text, const QFont& font);
+double widthOf(const QString& text, const SceneFont& font);
 
 } // namespace vantel::scene

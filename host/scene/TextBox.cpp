@@ -45,7 +45,7 @@ void TextBox::place(const QRectF& rectangle, Placer& placer) const {
 TextBlock TextBox::block(double width, std::optional<double> height) const {
     const int limit = lineLimit(height);
     const double size = limit == 1 ? fraction(width) : 1;
-    const QFont font = size < 1 ? sceneFont(m_style, m_look, size) : m_font;
+    const SceneFont font = size < 1 ? sceneFont(m_style, m_look, size) : m_font;
     return textBlock(m_text, font, m_metrics, {width, m_width <= width ? 1 : limit});
 }
 

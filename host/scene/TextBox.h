@@ -27,7 +27,7 @@ private:
     TextStyle m_style;
     const Look& m_look;
     HorizontalAlignment m_alignment;
-    QFont m_font;
+    SceneFont m_font;
     LineMetrics m_metrics;
     double m_width;
 };
