@@ -40,6 +40,13 @@ icu::Locale spanLocale(const icu::Locale& locale) {
     return isEnglish(locale) ? icu::Locale("en") : locale;
 }
 
+/// The Unicode library looks for the zone of this machine before it makes a format, in all files of zones if
+/// need be. Civil times have no zone, so it is told one.
+void forgetZone() {
+    static std::once_flag isDone;
+    std::call_once(isDone, [] { icu::TimeZone::adoptDefault(icu::TimeZone::getGMT()->clone()); });
+}
+
 /// The civil time as milliseconds since 1970 in a zone without offset, which is what the formatters are set
 /// to.
 UDate civilMilliseconds(const CivilTime& time) {
@@ -95,7 +102,9 @@ std::vector<std::pair<int, icu::MeasureUnit>> parts(Seconds left) {
 
 struct LocalizedFormats::Formatters {
     explicit Formatters(const std::string& name)
-        : locale(icuLocale(name)) {}
+        : locale(icuLocale(name)) {
+        forgetZone();
+    }
 
     const icu::SimpleDateFormat* dateFormat(DateFields fields) {
         auto& slot = dates[static_cast<std::size_t>(fields)];
