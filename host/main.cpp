@@ -1,4 +1,5 @@
 #include "host/app/Display.h"
+#include "host/app/HeadStart.h"
 #include "host/app/HostApplication.h"
 #include "host/app/PictureTasks.h"
 #include "platform/FormatLocale.h"
@@ -30,10 +31,13 @@ HostedWidgets hostedWidgets() {
 }
 
 int perform(const Options& options, const Formats& formats) {
+    Worker worker;
     switch (options.task) {
     case Task::run:
+        beginFirstPicture(worker, formats);
         leave(HostApplication(hostedWidgets(), formats).run());
     case Task::showGallery:
+        beginFirstPicture(worker, formats);
         leave(HostApplication(hostedWidgets(), formats).runWithGallery());
     case Task::renderCard:
     case Task::renderGallery:

@@ -153,9 +153,11 @@ void Desk::focusWidgets() {
 }
 
 PlacedWidgets Desk::placed() const {
+    const auto monitors = m_parts.screens.monitors();
     PlacedWidgets placed;
     for (const Placement& placement : m_placements)
-        if (window(placement.id) != nullptr)
+        if (isKnown(placement.kind, placement.family) &&
+            monitorOf(placement, monitors, m_placements) != nullptr)
             placed.insert({placement.kind, placement.family});
     return placed;
 }
@@ -172,10 +174,11 @@ void Desk::update() {
     const auto monitors = m_parts.screens.monitors();
     if (m_isFirstStart && !monitors.empty())
         placeFirst(monitors.front());
+    // Whoever hears it can fetch what the cards are to show while their windows are made.
+    announce();
     std::vector<QRect> shown;
     for (const Placement& placement : m_placements)
         updateWindow(placement, monitors, shown);
-    announce();
 }
 
 /// Where a placement is shown. Larger cards and smaller screens than those it was made for may not put it

@@ -68,17 +68,27 @@ xcb_atom_t X11Connection::atom(std::string_view name) const {
     const auto known = m_atoms->find(name);
     if (known != m_atoms->end())
         return known->second;
-    const xcb_atom_t atom = askForAtom(name);
-    if (atom != XCB_ATOM_NONE)
-        m_atoms->emplace(name, atom);
-    return atom;
+    return takeAtom(name, askForAtom(name));
 }
 
-xcb_atom_t X11Connection::askForAtom(std::string_view name) const {
-    const auto cookie =
-        xcb_intern_atom(m_connection, 0, static_cast<std::uint16_t>(name.size()), name.data());
+void X11Connection::learnAtoms(std::span<const std::string_view> names) const {
+    std::vector<xcb_intern_atom_cookie_t> cookies;
+    for (const std::string_view name : names)
+        cookies.push_back(askForAtom(name));
+    for (std::size_t i = 0; i < names.size(); ++i)
+        takeAtom(names[i], cookies[i]);
+}
+
+xcb_intern_atom_cookie_t X11Connection::askForAtom(std::string_view name) const {
+    return xcb_intern_atom(m_connection, 0, static_cast<std::uint16_t>(name.size()), name.data());
+}
+
+xcb_atom_t X11Connection::takeAtom(std::string_view name, xcb_intern_atom_cookie_t cookie) const {
     const auto reply = owned(xcb_intern_atom_reply(m_connection, cookie, nullptr));
-    return reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
+    if (!reply)
+        return XCB_ATOM_NONE;
+    m_atoms->emplace(name, reply->atom);
+    return reply->atom;
 }
 
 std::string X11Connection::compositorSelection() const {

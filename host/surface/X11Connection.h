@@ -30,6 +30,9 @@ public:
     /// The server is asked once for each name: every answer is a way there and back.
     xcb_atom_t atom(std::string_view name) const;
 
+    /// Asks for many names on one way there and back.
+    void learnAtoms(std::span<const std::string_view> names) const;
+
     /// "_NET_WM_CM_S0" with the number of this screen: who owns it blends windows.
     std::string compositorSelection() const;
     xcb_window_t selectionOwner(std::string_view selection) const;
@@ -59,7 +62,8 @@ public:
 private:
     X11Connection(xcb_connection_t* connection, int screenNumber);
 
-    xcb_atom_t askForAtom(std::string_view name) const;
+    xcb_intern_atom_cookie_t askForAtom(std::string_view name) const;
+    xcb_atom_t takeAtom(std::string_view name, xcb_intern_atom_cookie_t cookie) const;
     std::vector<std::uint8_t> bytes(xcb_window_t window, std::string_view property) const;
 
     using Atoms = std::map<std::string, xcb_atom_t, std::less<>>;

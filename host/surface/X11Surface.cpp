@@ -55,9 +55,9 @@ void X11Surface::show(QScreen* screen, QPoint position) {
         m_widget.setScreen(screen);
     m_widget.move(position);
     announce();
+    applyShape();
     m_widget.show();
     standBelow();
-    applyShape();
     m_connection.flush();
     QTimer::singleShot(arrivalTime, &m_widget, [this] { showAgainIfLost(); });
 }

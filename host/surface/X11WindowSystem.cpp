@@ -18,11 +18,29 @@ constexpr std::uint32_t ownerChanges = XCB_XFIXES_SELECTION_EVENT_MASK_SET_SELEC
                                        XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_WINDOW_DESTROY |
                                        XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_CLIENT_CLOSE;
 
+constexpr std::string_view checkProperty = "_NET_SUPPORTING_WM_CHECK";
+
+/// What every start needs, here and for a window.
+constexpr std::string_view usualAtoms[] = {checkProperty,
+                                           "_NET_SUPPORTED",
+                                           "_NET_WM_NAME",
+                                           "WM_CLASS",
+                                           "WM_HINTS",
+                                           "_NET_WM_WINDOW_TYPE",
+                                           "_NET_WM_DESKTOP",
+                                           "_NET_WM_WINDOW_TYPE_DOCK",
+                                           "_NET_WM_WINDOW_TYPE_NORMAL",
+                                           "_NET_WM_STATE",
+                                           "_NET_WM_STATE_BELOW",
+                                           "_NET_WM_STATE_STICKY",
+                                           "_NET_WM_STATE_SKIP_PAGER",
+                                           "_NET_WM_STATE_SKIP_TASKBAR"};
+
 } // namespace
 
 X11WindowSystem::X11WindowSystem(X11Connection connection)
-    : m_connection(connection)
-    , m_checkAtom(connection.atom("_NET_SUPPORTING_WM_CHECK")) {
+    : m_connection(connection) {
+    m_connection.learnAtoms(usualAtoms);
     watchCompositor();
     lookForCompositor();
     lookForManager();
@@ -69,7 +87,7 @@ bool X11WindowSystem::nativeEventFilter(const QByteArray& type, void* message, q
     if (kind != XCB_PROPERTY_NOTIFY)
         return false;
     const auto* change = reinterpret_cast<const xcb_property_notify_event_t*>(event);
-    if (change->window == m_connection.root() && change->atom == m_checkAtom)
+    if (change->window == m_connection.root() && change->atom == m_connection.atom(checkProperty))
         lookForManager();
     return false;
 }

@@ -35,7 +35,6 @@ private:
     void lookForManager();
 
     X11Connection m_connection;
-    xcb_atom_t m_checkAtom;
     std::uint8_t m_selectionEvent = 0; ///< 0 where the server does not tell about selections
     Blending m_blending = Blending::none;
     WindowManager m_manager;
