@@ -32,12 +32,12 @@ CardWidget* CardShelf::makeCard(const WidgetKey& key) {
     return card;
 }
 
-void CardShelf::show(const WidgetKey& key, const WidgetView& view, Instant now) {
+void CardShelf::show(const WidgetKey& key, const WidgetView& view, Instant now, Arrival arrival) {
     for (const auto& [cardKey, card] : m_cards) {
         if (card.isNull() || cardKey != key)
             continue;
         card->setNow(now);
-        card->setView(view);
+        card->setView(view, arrival);
     }
 }
 

@@ -22,7 +22,7 @@ public:
     /// A new card, empty until its view comes. The caller owns it.
     CardWidget* makeCard(const WidgetKey& key);
 
-    void show(const WidgetKey& key, const WidgetView& view, Instant now);
+    void show(const WidgetKey& key, const WidgetView& view, Instant now, Arrival arrival);
     void setLook(const Look& look);
     const Look& look() const { return m_look; }
 

@@ -169,8 +169,10 @@ QWidget* HostApplication::makeCard(const WidgetKey& key) {
 
 void HostApplication::showView(const WidgetKey& key) {
     const Instant now = m_clock->now();
+    // What the user has just done may be followed with the eye; what the clock does has to be there.
+    const Arrival arrival = m_performed[key.kind].empty() ? Arrival::atOnce : Arrival::faded;
     if (const auto view = m_schedule.view(key))
-        m_cards.show(key, *view, now);
+        m_cards.show(key, *view, now, arrival);
     m_schedule.noteTick(m_cards.nextTick(now));
 }
 

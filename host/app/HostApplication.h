@@ -27,6 +27,7 @@ struct HostedWidgets {
 /// may ask for what; this joins them and decides nothing itself. Made after the toolkit's application object.
 class HostApplication final : public QObject {
     Q_OBJECT
+    Q_DISABLE_COPY_MOVE(HostApplication)
 
 public:
     HostApplication(HostedWidgets widgets, const Formats& formats);

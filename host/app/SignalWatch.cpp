@@ -14,6 +14,7 @@ namespace {
 
 /// A handler may reach nothing but this. Blocked signals would be simpler, but programs that are started from
 /// here would inherit them.
+// NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables): nothing is handed to a handler.
 volatile std::sig_atomic_t descriptorForHandler = -1;
 
 void handle(int) {

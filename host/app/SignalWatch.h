@@ -10,6 +10,7 @@ namespace vantel {
 /// thread. At most one at a time.
 class SignalWatch final : public QObject {
     Q_OBJECT
+    Q_DISABLE_COPY_MOVE(SignalWatch)
 
 public:
     explicit SignalWatch(QObject* parent = nullptr);

@@ -35,7 +35,7 @@ QStringList lists(const ApplicationFolders& folders) {
 
 /// Where an entry lies below a folder; empty for nowhere. Each dash of its name may stand for a subfolder.
 QString pathOf(const QString& entry, const QString& folder) {
-    const QString path = folder + u'/' + entry;
+    QString path = folder + u'/' + entry;
     if (QFile::exists(path))
         return path;
     for (qsizetype dash = entry.indexOf(u'-', 1); dash > 0; dash = entry.indexOf(u'-', dash + 1)) {

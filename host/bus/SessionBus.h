@@ -19,7 +19,6 @@ QString sessionBusAddress();
 /// bus from the beginning or not at all.
 class SessionBus final : public QObject {
     Q_OBJECT
-    Q_DISABLE_COPY_MOVE(SessionBus)
 
 public:
     static constexpr std::chrono::milliseconds firstPause{1000};

@@ -36,6 +36,7 @@ struct DeskParts {
 /// stand side by side. Every change that the user makes is saved at once, a drag at its end.
 class Desk final : public QObject {
     Q_OBJECT
+    Q_DISABLE_COPY_MOVE(Desk)
 
 public:
     explicit Desk(DeskParts parts, double scale = 1);

@@ -64,7 +64,7 @@ std::optional<Placements> PlacementStore::setAside(const Error& reason) {
 
 std::optional<FileURL> PlacementStore::freeName() const {
     for (int number = 1; number <= mostSetAside; ++number) {
-        const FileURL candidate = *m_folder / ("placements.json.unreadable-" + std::to_string(number));
+        FileURL candidate = *m_folder / ("placements.json.unreadable-" + std::to_string(number));
         const auto status = statusIfPresent(candidate, m_files);
         if (!status)
             return std::nullopt;

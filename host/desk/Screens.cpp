@@ -2,6 +2,7 @@
 
 #include <QGuiApplication>
 #include <QScreen>
+#include <QTimer>
 #include <algorithm>
 #include <utility>
 
@@ -46,7 +47,7 @@ std::vector<Monitor> SystemScreens::monitors() const {
     return monitors;
 }
 
-void SystemScreens::watch(QScreen* screen) {
+void SystemScreens::watch(QScreen* screen) const {
     connect(screen, &QScreen::geometryChanged, this, &SystemScreens::announce);
     connect(screen, &QScreen::availableGeometryChanged, this, &SystemScreens::announce);
 }
@@ -54,11 +55,10 @@ void SystemScreens::watch(QScreen* screen) {
 void SystemScreens::announce() {
     if (std::exchange(m_isAnnouncing, true))
         return;
-    const auto say = [this] {
+    QTimer::singleShot(0, this, [this] {
         m_isAnnouncing = false;
         Q_EMIT changed();
-    };
-    QMetaObject::invokeMethod(this, say, Qt::QueuedConnection);
+    });
 }
 
 } // namespace vantel

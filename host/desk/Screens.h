@@ -31,7 +31,7 @@ public:
     std::vector<Monitor> monitors() const override;
 
 private:
-    void watch(QScreen* screen);
+    void watch(QScreen* screen) const;
     void announce();
 
     bool m_isAnnouncing = false;

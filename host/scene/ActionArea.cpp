@@ -5,6 +5,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <utility>
 
 namespace vantel::scene {
 
@@ -14,9 +15,9 @@ constexpr double ringRadius = 7;
 
 } // namespace
 
-ActionArea::ActionArea(const Target& target, QWidget* card)
+ActionArea::ActionArea(Target target, QWidget* card)
     : QAbstractButton(card)
-    , m_target(target) {
+    , m_target(std::move(target)) {
     setCursor(Qt::PointingHandCursor);
     setFocusPolicy(Qt::TabFocus);
 }

@@ -12,7 +12,7 @@ class ActionArea final : public QAbstractButton {
     Q_OBJECT
 
 public:
-    ActionArea(const Target& target, QWidget* card);
+    ActionArea(Target target, QWidget* card);
 
     const Target& target() const { return m_target; }
 

@@ -2,6 +2,7 @@
 
 #include "host/scene/ActionArea.h"
 #include "host/scene/Countdown.h"
+#include "host/scene/Crossfade.h"
 #include "host/scene/FocusRing.h"
 #include "host/scene/Notice.h"
 #include "host/scene/SceneAccessibility.h"
@@ -11,15 +12,12 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
-#include <QVariantAnimation>
 #include <algorithm>
 #include <utility>
 
 namespace vantel {
 
 namespace {
-
-constexpr int fadeMilliseconds = 200;
 
 /// A later moment alone changes nothing that is seen.
 bool showsTheSame(const WidgetView& a, const WidgetView& b) {
@@ -36,13 +34,13 @@ struct CardWidget::Private {
     explicit Private(const Formats& userFormats, CardWidget* card)
         : formats(userFormats)
         , targets(card)
-        , notice(card) {}
+        , notice(card)
+        , fade(*card) {}
 
     const Formats& formats;
     scene::Targets targets;
     scene::Notice notice;
-    QVariantAnimation fade;
-    QPixmap before; ///< what a fading card showed until now
+    scene::Crossfade fade;
     std::optional<WidgetView> view;
     Look look;
     Instant now{};
@@ -60,23 +58,16 @@ CardWidget::CardWidget(const Formats& formats, QWidget* parent)
     scene::installSceneAccessibility();
     setAttribute(Qt::WA_NoSystemBackground);
     setFocusPolicy(Qt::TabFocus);
-    m_private->fade.setDuration(fadeMilliseconds);
-    m_private->fade.setStartValue(1.0);
-    m_private->fade.setEndValue(0.0);
-    connect(&m_private->fade, &QVariantAnimation::valueChanged, this, qOverload<>(&QWidget::update));
-    connect(&m_private->fade, &QVariantAnimation::finished, this, [this] { m_private->before = {}; });
     connect(&m_private->targets, &scene::Targets::activated, this, &CardWidget::activate);
 }
 
-CardWidget::~CardWidget() {
-    m_private->fade.stop();
-}
+CardWidget::~CardWidget() = default;
 
-void CardWidget::setView(const WidgetView& view) {
+void CardWidget::setView(const WidgetView& view, Arrival arrival) {
     if (m_private->view && showsTheSame(*m_private->view, view))
         return;
-    if (canFadeTo(view))
-        startFade();
+    if (arrival == Arrival::faded && canFadeTo(view))
+        m_private->fade.begin(sceneOnly());
     m_private->view = view;
     layOut();
 }
@@ -90,7 +81,7 @@ void CardWidget::setLook(const Look& look) {
     const bool isSameLayout = recolored == look;
     m_private->look = look;
     if (isSameLayout)
-        update();
+        redraw();
     else
         layOut();
 }
@@ -110,13 +101,13 @@ std::optional<Instant> CardWidget::nextTick(Instant now) const {
 void CardWidget::setPending(const IntentCall& intent) {
     m_private->pending.push_back(intent);
     markPending();
-    update();
+    redraw();
 }
 
 void CardWidget::endPending(const IntentCall& intent) {
     std::erase(m_private->pending, intent);
     markPending();
-    update();
+    redraw();
 }
 
 void CardWidget::showNotice(const QString& text) {
@@ -135,15 +126,10 @@ void CardWidget::paintEvent(QPaintEvent*) {
     if (!m_private->view)
         return;
     QPainter painter(this);
-    painter.save();
-    painter.scale(m_private->look.scale, m_private->look.scale);
-    scene::paint(painter, m_private->scene, m_private->look, m_private->state);
-    painter.restore();
-    if (!m_private->before.isNull()) {
-        painter.setOpacity(m_private->fade.currentValue().toDouble());
-        painter.drawPixmap(0, 0, m_private->before);
-        painter.setOpacity(1);
-    }
+    if (m_private->fade.isRunning())
+        m_private->fade.paint(painter, [this] { return sceneOnly(); });
+    else
+        paintScene(painter);
     if (m_private->hasRing && hasFocus())
         scene::drawFocusRing(painter, *this, cardCornerRadius * m_private->look.scale);
 }
@@ -190,7 +176,28 @@ void CardWidget::layOut() {
     setFixedSize(QSizeF(size).toSize());
     m_private->targets.follow(m_private->scene, m_private->look.scale);
     markPending();
+    redraw();
+}
+
+void CardWidget::redraw() {
+    m_private->fade.takeAnew();
     update();
+}
+
+void CardWidget::paintScene(QPainter& painter) const {
+    painter.save();
+    painter.scale(m_private->look.scale, m_private->look.scale);
+    scene::paint(painter, m_private->scene, m_private->look, m_private->state);
+    painter.restore();
+}
+
+QPixmap CardWidget::sceneOnly() const {
+    QPixmap picture(size() * devicePixelRatioF());
+    picture.setDevicePixelRatio(devicePixelRatioF());
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    paintScene(painter);
+    return picture;
 }
 
 void CardWidget::markPending() {
@@ -208,18 +215,6 @@ bool CardWidget::canFadeTo(const WidgetView& view) const {
     const bool isSameFamily = m_private->view && m_private->view->family == view.family;
     return isSameFamily && !m_private->scene.pieces.empty() && isVisible() &&
            m_private->look.motion == Motion::full;
-}
-
-void CardWidget::startFade() {
-    m_private->fade.stop();
-    m_private->before = QPixmap(size() * devicePixelRatioF());
-    m_private->before.setDevicePixelRatio(devicePixelRatioF());
-    m_private->before.fill(Qt::transparent);
-    QPainter painter(&m_private->before);
-    painter.scale(m_private->look.scale, m_private->look.scale);
-    scene::paint(painter, m_private->scene, m_private->look, m_private->state);
-    painter.end();
-    m_private->fade.start();
 }
 
 void CardWidget::activate(const scene::Target& target) {

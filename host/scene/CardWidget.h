@@ -13,18 +13,23 @@ namespace scene {
 struct Target;
 }
 
+/// How a view takes the place of the one before.
+enum class Arrival { atOnce, faded };
+
 /// One widget's card: its background with round corners, and the view on it. It knows nothing of windows,
 /// placements or files. Its size is fixed by the family and the scale; the shadow is the window's business.
 /// All functions belong to the window thread.
 class CardWidget final : public QWidget {
     Q_OBJECT
+    Q_DISABLE_COPY_MOVE(CardWidget)
 
 public:
     explicit CardWidget(const Formats& formats, QWidget* parent = nullptr);
     ~CardWidget() override;
 
-    /// Shows a view. One that equals the view shown costs nothing: no layout, no repaint.
-    void setView(const WidgetView& view);
+    /// Shows a view. One that equals the view shown costs nothing: no layout, no repaint. A faded one appears
+    /// through the one before, unless that one is empty, of another size, or motion is to be reduced.
+    void setView(const WidgetView& view, Arrival arrival = Arrival::atOnce);
     void setLook(const Look& look);
 
     /// The moment from which times left are counted. Repaints only what reads differently.
@@ -64,7 +69,9 @@ private:
     void layOut();
     void markPending();
     bool canFadeTo(const WidgetView& view) const;
-    void startFade();
+    void redraw();
+    void paintScene(QPainter& painter) const;
+    QPixmap sceneOnly() const;
     void activate(const scene::Target& target);
 
     struct Private;

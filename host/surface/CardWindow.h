@@ -18,6 +18,7 @@ namespace vantel {
 /// pressed must mean nothing to it.
 class CardWindow final : public QWidget {
     Q_OBJECT
+    Q_DISABLE_COPY_MOVE(CardWindow)
 
 public:
     /// Owns the card. `scale` is the card's.

@@ -10,6 +10,7 @@ namespace vantel {
 /// Surfaces on X11. Follows the compositor and the window manager as they come and go.
 class X11WindowSystem final : public WindowSystem, private QAbstractNativeEventFilter {
     Q_OBJECT
+    Q_DISABLE_COPY_MOVE(X11WindowSystem)
 
 public:
     explicit X11WindowSystem(X11Connection connection);

@@ -43,6 +43,12 @@ WidgetView twoTasks() {
     return tasks({{completeFirst, "t-1"}, {completeSecond, "t-2"}});
 }
 
+Look movingLook() {
+    Look look = testLook();
+    look.motion = Motion::full;
+    return look;
+}
+
 class CardWidgetTest : public ::testing::Test {
 protected:
     CardWidgetTest() {
@@ -196,15 +202,45 @@ TEST_F(CardWidgetTest, APressedRowIsDrawnPendingUntilItsPressHasEnded) {
 }
 
 TEST_F(CardWidgetTest, AnEmptyCardDoesNotFadeToItsFirstView) {
+    card.setLook(movingLook());
     const QImage expected = picture();
-    Look look = testLook();
-    look.motion = Motion::reduced;
-    card.setLook(look);
     card.setView(viewOf(Element{Column{}}));
-    look.motion = Motion::full;
-    card.setLook(look);
-    card.setView(twoTasks());
+    card.setView(twoTasks(), Arrival::faded);
     EXPECT_EQ(picture(), expected);
+}
+
+TEST_F(CardWidgetTest, AFadedViewAppearsThroughTheOneBeforeAndAnyOtherIsThereAtOnce) {
+    card.setLook(movingLook());
+    const QImage before = picture();
+    card.setView(tasks({{completeSecond, "t-2"}}));
+    const QImage after = picture();
+    EXPECT_NE(after, before);
+    card.setView(twoTasks());
+    EXPECT_EQ(picture(), before);
+    card.setView(tasks({{completeSecond, "t-2"}}), Arrival::faded);
+    EXPECT_EQ(picture(), before);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return picture() == after; }));
+}
+
+TEST_F(CardWidgetTest, WithReducedMotionNothingFades) {
+    card.setView(tasks({{completeSecond, "t-2"}}));
+    const QImage after = picture();
+    card.setView(twoTasks());
+    card.setView(tasks({{completeSecond, "t-2"}}), Arrival::faded);
+    EXPECT_EQ(picture(), after);
+}
+
+TEST_F(CardWidgetTest, APressDuringAFadeIsSeenWhenItHasEnded) {
+    card.setLook(movingLook());
+    card.setView(tasks({{completeSecond, "t-2"}}));
+    card.setPending(completeSecond);
+    const QImage pending = picture();
+    card.endPending(completeSecond);
+    card.setView(twoTasks());
+    card.setView(tasks({{completeSecond, "t-2"}}), Arrival::faded);
+    picture();
+    card.setPending(completeSecond);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return picture() == pending; }));
 }
 
 TEST_F(CardWidgetTest, TheKeyboardFocusStaysWhileTheCardSaysTheSame) {
