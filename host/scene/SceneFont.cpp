@@ -45,6 +45,7 @@ SceneFont sceneFont(const TextStyle& style, const Look& look, double fraction) {
     font.setPixelSize(laidOutSize);
     font.setWeight(qtWeight(style.font.weight));
     font.setHintingPreference(QFont::PreferNoHinting);
+    // NOLINTNEXTLINE(clang-analyzer-optin.core.EnumCastOutOfRange): the toolkit's strategies are flags.
     font.setStyleStrategy(QFont::StyleStrategy(QFont::PreferAntialias | QFont::NoSubpixelAntialias));
     font.setLetterSpacing(QFont::AbsoluteSpacing, (style.tracking + style.kerning) * pixelsPerPoint);
     font.setKerning(style.kerning == 0);

@@ -9,6 +9,7 @@
 #include <tuple>
 
 /// A static library's resources join a program when they are named.
+// NOLINTNEXTLINE(misc-use-anonymous-namespace): the macro names a function of the global namespace.
 static void useSymbols() {
     Q_INIT_RESOURCE(scene);
 }

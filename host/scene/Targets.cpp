@@ -51,6 +51,7 @@ const QString& words(const Reading& reading) {
 
 std::vector<QString> identities(const Scene& scene) {
     std::vector<QString> result;
+    result.reserve(scene.reading.size());
     for (const Reading& reading : scene.reading)
         result.push_back(identity(reading));
     return result;
