@@ -23,20 +23,6 @@ QList<QGlyphRun> glyphsFromBaseline(const QTextLine& line) {
     return runs;
 }
 
-TextLine unbrokenLine(const QString& text, const SceneFont& font) {
-    QTextLayout layout(text, font.font);
-    layout.beginLayout();
-    QTextLine line = layout.createLine();
-    if (line.isValid()) {
-        line.setNumColumns(static_cast<int>(text.size()));
-        line.setPosition({0, 0});
-    }
-    layout.endLayout();
-    if (!line.isValid())
-        return {{}, 0, font.pixelsPerPoint};
-    return {glyphsFromBaseline(line), line.naturalTextWidth() / font.pixelsPerPoint, font.pixelsPerPoint};
-}
-
 /// A blank before the ellipsis would make it stand apart from the word it cuts.
 QString elided(const QString& text, const SceneFont& font, double width) {
     constexpr QChar ellipsis(0x2026);
@@ -105,8 +91,18 @@ void drawLine(QPainter& painter, const QPointF& begin, const TextLine& line) {
     painter.restore();
 }
 
-double widthOf(const QString& text, const SceneFont& font) {
-    return QFontMetricsF(font.font).horizontalAdvance(text) / font.pixelsPerPoint;
+TextLine unbrokenLine(const QString& text, const SceneFont& font) {
+    QTextLayout layout(text, font.font);
+    layout.beginLayout();
+    QTextLine line = layout.createLine();
+    if (line.isValid()) {
+        line.setNumColumns(static_cast<int>(text.size()));
+        line.setPosition({0, 0});
+    }
+    layout.endLayout();
+    if (!line.isValid())
+        return {{}, 0, font.pixelsPerPoint};
+    return {glyphsFromBaseline(line), line.naturalTextWidth() / font.pixelsPerPoint, font.pixelsPerPoint};
 }
 
 } // namespace vantel::scene

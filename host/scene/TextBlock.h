@@ -40,7 +40,7 @@ TextBlock textBlock(const QString& text, const SceneFont& font, const LineMetric
 /// Draws a line from where it begins on its baseline, in points.
 void drawLine(QPainter& painter, const QPointF& begin, const TextLine& line);
 
-/// The width of a text on one line, in points.
-double widthOf(const QString& text, const SceneFont& font);
+/// A whole text on one line, however long.
+TextLine unbrokenLine(const QString& text, const SceneFont& font);
 
 } // namespace vantel::scene

@@ -24,12 +24,12 @@ TextBox::TextBox(QString text, const TextStyle& style, const Look& look, Horizon
     , m_alignment(alignment)
     , m_font(sceneFont(style, look))
     , m_metrics(lineMetrics(m_font, style.font.size))
-    , m_width(widthOf(m_text, m_font)) {}
+    , m_line(unbrokenLine(m_text, m_font)) {}
 
 QSizeF TextBox::measured(const Proposal& proposal) const {
     const double width = proposal.width.value_or(unbounded);
-    if (m_width <= width + tolerance)
-        return {m_width, m_metrics.height()};
+    if (m_line.width <= width + tolerance)
+        return {m_line.width, m_metrics.height()};
     return block(std::max(width, leastWidth()), proposal.height).size();
 }
 
@@ -43,10 +43,12 @@ void TextBox::place(const QRectF& rectangle, Placer& placer) const {
 }
 
 TextBlock TextBox::block(double width, std::optional<double> height) const {
+    if (m_line.width <= width)
+        return {{m_line}, m_metrics};
     const int limit = lineLimit(height);
     const double size = limit == 1 ? fraction(width) : 1;
     const SceneFont font = size < 1 ? sceneFont(m_style, m_look, size) : m_font;
-    return textBlock(m_text, font, m_metrics, {width, m_width <= width ? 1 : limit});
+    return textBlock(m_text, font, m_metrics, {width, limit});
 }
 
 int TextBox::lineLimit(std::optional<double> height) const {
@@ -58,12 +60,12 @@ int TextBox::lineLimit(std::optional<double> height) const {
 
 double TextBox::fraction(double width) const {
     const double least = std::clamp(m_style.minimumScaleFactor, 0.1, 1.0);
-    return m_width <= width ? 1 : std::max(least, shrinking * width / m_width);
+    return std::max(least, shrinking * width / m_line.width);
 }
 
 /// A letter and an ellipsis.
 double TextBox::leastWidth() const {
-    return std::min(m_width, m_style.font.size);
+    return std::min(m_line.width, m_style.font.size);
 }
 
 } // namespace vantel::scene

@@ -29,7 +29,7 @@ private:
     HorizontalAlignment m_alignment;
     SceneFont m_font;
     LineMetrics m_metrics;
-    double m_width;
+    TextLine m_line; ///< the whole text, which is nearly always what is drawn
 };
 
 } // namespace vantel::scene
