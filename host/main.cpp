@@ -1,11 +1,12 @@
 #include "host/app/Display.h"
 #include "host/app/HeadStart.h"
 #include "host/app/HostApplication.h"
-#include "host/app/PictureTasks.h"
+#include "host/tasks/PictureTasks.h"
 #include "platform/FormatLocale.h"
 #include "platform/LocalizedFormats.h"
 #include "platform/MessageCatalogue.h"
 #include "widgets/VantelWidgetsBundle.h"
+#include "widgets/WTokens.h"
 
 #include <QApplication>
 #include <QLocale>
@@ -18,9 +19,10 @@ namespace vantel {
 namespace {
 
 HostedWidgets hostedWidgets() {
-    return {VantelWidgetsBundle::body(), [](const std::string& kind, Instant now) {
-                return VantelWidgetsBundle::entry(kind, {now, nullptr});
-            }};
+    return {
+        VantelWidgetsBundle::body(),
+        [](const std::string& kind, Instant now) { return VantelWidgetsBundle::entry(kind, {now, nullptr}); },
+        WTokens::windowBg};
 }
 
 /// A provider that waits for a lock may still run in a thread of its own. It must not meet what a program

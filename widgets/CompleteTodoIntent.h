@@ -1,7 +1,7 @@
 #pragma once
 
 #include "hosting/Intent.h"
-#include "widgets/TextKey.h"
+#include "platform/TextKey.h"
 
 namespace vantel {
 

@@ -1,7 +1,5 @@
 #include "host/app/CardShelf.h"
 
-#include "widgets/WTokens.h"
-
 #include <algorithm>
 
 namespace vantel {
@@ -9,21 +7,22 @@ namespace vantel {
 namespace {
 
 /// What a card shows in the moment before its first view: an empty card, not a hole.
-WidgetView emptyView(const WidgetKey& key) {
-    return {key.kind, key.family, {}, {{Column{}}, WTokens::windowBg}};
+WidgetView emptyView(const WidgetKey& key, const TokenColor& background) {
+    return {key.kind, key.family, {}, {{Column{}}, background}};
 }
 
 } // namespace
 
-CardShelf::CardShelf(const Formats& formats, QObject* parent)
+CardShelf::CardShelf(const Formats& formats, TokenColor emptyBackground, QObject* parent)
     : QObject(parent)
-    , m_formats(formats) {}
+    , m_formats(formats)
+    , m_emptyBackground(emptyBackground) {}
 
 CardWidget* CardShelf::makeCard(const WidgetKey& key) {
     std::erase_if(m_cards, [](const auto& each) { return each.second.isNull(); });
     auto* card = new CardWidget(m_formats);
     card->setLook(m_look);
-    card->setView(emptyView(key));
+    card->setView(emptyView(key, m_emptyBackground));
     connect(card, &CardWidget::linkActivated, this,
             [this, kind = key.kind](const Url& url) { Q_EMIT linkActivated(kind, url); });
     connect(card, &CardWidget::intentPressed, this,

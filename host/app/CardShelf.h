@@ -17,7 +17,7 @@ class CardShelf final : public QObject {
 
 public:
     /// The formats outlive the cards.
-    explicit CardShelf(const Formats& formats, QObject* parent = nullptr);
+    CardShelf(const Formats& formats, TokenColor emptyBackground, QObject* parent = nullptr);
 
     /// A new card, empty until its view comes. The caller owns it.
     CardWidget* makeCard(const WidgetKey& key);
@@ -49,6 +49,7 @@ private:
     void forEachOf(const std::string& kind, const Action& action) const;
 
     const Formats& m_formats;
+    TokenColor m_emptyBackground;
     Look m_look;
     std::vector<std::pair<WidgetKey, QPointer<CardWidget>>> m_cards;
 };

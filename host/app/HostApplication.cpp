@@ -56,7 +56,7 @@ HostApplication::HostApplication(HostedWidgets widgets, const Formats& formats)
     , m_schedule(m_widgets.bundle,
                  {*m_clock, m_alarm, formats, SystemCalendar::current, m_widgets.entryWithoutData})
     , m_intents(m_widgets.bundle, {m_clock, m_identifiers}, formats)
-    , m_cards(formats)
+    , m_cards(formats, m_widgets.emptyBackground)
     , m_placements(stateFolder(), systemFileSystem(), warn)
     , m_desk({m_widgets.bundle, formats, *m_windows, m_screens, m_placements, *m_identifiers,
               [this](const Placement& placement) { return makeCard(keyOf(placement)); }}) {

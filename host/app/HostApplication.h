@@ -1,6 +1,7 @@
 #pragma once
 
 #include "host/app/CardShelf.h"
+#include "host/app/HostedWidgets.h"
 #include "host/bus/DayWatch.h"
 #include "host/bus/DesktopSettings.h"
 #include "host/bus/LinkOpener.h"
@@ -14,14 +15,6 @@
 #include <QPointer>
 
 namespace vantel {
-
-/// What the program hosts.
-struct HostedWidgets {
-    WidgetBundle bundle;
-
-    /// What a kind shows that has nothing to show.
-    std::function<TimelineEntry(const std::string& kind, Instant now)> entryWithoutData;
-};
 
 /// The running program: the schedule decides what each widget shows, the desk where it stands, the bus who
 /// may ask for what; this joins them and decides nothing itself. Made after the toolkit's application object.

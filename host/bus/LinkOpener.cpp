@@ -2,7 +2,7 @@
 
 #include "core/WidgetShared.h"
 #include "host/bus/SchemeHandlers.h"
-#include "widgets/TextKey.h"
+#include "platform/TextKey.h"
 
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>

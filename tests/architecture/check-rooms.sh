@@ -14,7 +14,7 @@ declare -A allowed=(
     [hosting]='hosting|platform'
     [widgets]='widgets|hosting|core|platform'
     [cli]='cli|widgets|hosting|core|platform'
-    [host]='host|widgets|hosting|core|platform'
+    [host]='host|host_tasks|widgets|hosting|core|platform'
 )
 window_system='(Qt?[A-Z0-9]|KF[0-9]|gtk|gdk|X11|xcb|wayland)'
 

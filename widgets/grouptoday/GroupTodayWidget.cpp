@@ -1,11 +1,11 @@
 #include "widgets/grouptoday/GroupTodayWidget.h"
 
+#include "platform/TextKey.h"
 #include "widgets/Elements.h"
 #include "widgets/MonoFooter.h"
 #include "widgets/MonoLabel.h"
 #include "widgets/SetupStateView.h"
 #include "widgets/SnapshotProvider.h"
-#include "widgets/TextKey.h"
 #include "widgets/WTokens.h"
 #include "widgets/WidgetLinks.h"
 #include "widgets/grouptoday/GroupRows.h"

@@ -1,8 +1,8 @@
 #include "widgets/nextup/NextUpWidget.h"
 
+#include "platform/TextKey.h"
 #include "widgets/SetupStateView.h"
 #include "widgets/SnapshotProvider.h"
-#include "widgets/TextKey.h"
 #include "widgets/WTokens.h"
 #include "widgets/WidgetLinks.h"
 #include "widgets/nextup/NextUpMediumView.h"

@@ -2,12 +2,12 @@
 
 #include "platform/CheckedMath.h"
 #include "platform/FatalError.h"
+#include "platform/TextKey.h"
 #include "widgets/Elements.h"
 #include "widgets/MonoFooter.h"
 #include "widgets/MonoLabel.h"
 #include "widgets/SetupStateView.h"
 #include "widgets/SnapshotProvider.h"
-#include "widgets/TextKey.h"
 #include "widgets/WTokens.h"
 #include "widgets/WidgetLinks.h"
 

@@ -1,4 +1,4 @@
-#include "host/app/PictureTasks.h"
+#include "host/tasks/PictureTasks.h"
 
 #include "core/SnapshotDocument.h"
 #include "platform/DataFile.h"
