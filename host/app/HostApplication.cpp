@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdlib>
+#include <set>
 #include <utility>
 
 namespace vantel {
@@ -192,9 +193,10 @@ void HostApplication::finish(const IntentOutcome& outcome) {
 }
 
 void HostApplication::place(const PlacedWidgets& placed) {
-    m_schedule.setPlaced(placed);
-    m_service.setConfigurations({placed.begin(), placed.end()});
-    for (const WidgetKey& key : placed)
+    const std::set<WidgetKey> different(placed.begin(), placed.end());
+    m_schedule.setPlaced(different);
+    m_service.setConfigurations(placed);
+    for (const WidgetKey& key : different)
         showView(key);
 }
 

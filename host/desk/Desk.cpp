@@ -156,7 +156,7 @@ PlacedWidgets Desk::placed() const {
     PlacedWidgets placed;
     for (const Placement& placement : m_placements)
         if (window(placement.id) != nullptr)
-            placed.insert({placement.kind, placement.family});
+            placed.push_back({placement.kind, placement.family});
     return placed;
 }
 

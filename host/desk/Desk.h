@@ -9,14 +9,14 @@
 #include <functional>
 #include <map>
 #include <memory>
-#include <set>
+#include <vector>
 
 namespace vantel {
 
 struct WidgetBundle;
 
-/// What stands on the desktop, each at least once.
-using PlacedWidgets = std::set<WidgetKey>;
+/// What stands on the desktop, one key for each widget, in the order in which they came.
+using PlacedWidgets = std::vector<WidgetKey>;
 
 /// What a desk works with. All of it outlives the desk.
 struct DeskParts {

@@ -151,8 +151,15 @@ TEST_F(DeskTest, TwoOfOneKindStandSideBySide) {
     startWith(widgetA());
     desk->add("A", small);
     EXPECT_THAT(cards(), ElementsAre(QRect(1172, 52, 170, 170), QRect(1172, 246, 170, 170)));
-    EXPECT_THAT(announced, ElementsAre(PlacedWidgets{{"A", small}}));
     EXPECT_EQ(store.load(), desk->placements());
+}
+
+TEST_F(DeskTest, EachOfTwoOfOneKindIsTold) {
+    startWith(widgetA());
+    desk->add("A", small);
+    desk->remove(widgetA().id);
+    const WidgetKey key{"A", small};
+    EXPECT_THAT(announced, ElementsAre(PlacedWidgets{key}, PlacedWidgets{key, key}, PlacedWidgets{key}));
 }
 
 TEST_F(DeskTest, WhatTheBundleDoesNotDeclareIsNotAdded) {

@@ -121,6 +121,15 @@ def a_dragged_widget_stays_where_it_was_dropped(desktop):
     wait_for(lambda: desktop.picture() == picture, "the same screen as before the restart")
 
 
+def two_widgets_of_one_kind_are_told_as_two(desktop):
+    desktop.write_snapshot(desktop.placeholder())
+    desktop.place((TRIAGE, "systemSmall"), (FOCUS, "systemSmall"), (TRIAGE, "systemSmall"), (NEXT_UP, "systemSmall"))
+    desktop.start_widgets()
+    expect(desktop.ask("CurrentConfigurations") == [(TRIAGE, "systemSmall"), (FOCUS, "systemSmall"),
+                                                    (TRIAGE, "systemSmall"), (NEXT_UP, "systemSmall")],
+           f"the bus tells of {desktop.ask('CurrentConfigurations')}")
+
+
 def a_second_start_leaves_the_first_one_alone(desktop):
     desktop.write_snapshot(desktop.placeholder())
     first = desktop.start_widgets()
