@@ -98,12 +98,7 @@ int HostApplication::runUntilEnd() {
 }
 
 void HostApplication::joinCards() {
-    connect(&m_cards, &CardShelf::linkActivated, this, [this](const std::string& kind, const Url& url) {
-        m_linkKind = kind;
-        m_links.open(url);
-    });
-    connect(&m_links, &LinkOpener::failed, this,
-            [this](const QString& sentence) { m_cards.showNotice(m_linkKind, sentence); });
+    connect(&m_cards, &CardShelf::linkActivated, this, &HostApplication::openLink);
     connect(&m_cards, &CardShelf::intentPressed, this,
             [this](const std::string& kind, const IntentCall& intent) {
                 m_cards.setPending(kind, intent);
@@ -157,6 +152,14 @@ void HostApplication::joinBus() {
     });
     connect(&m_service, &WidgetsService::reloadRequested, &m_schedule, &WidgetSchedule::reload);
     connect(&m_service, &WidgetsService::reloadAllRequested, &m_schedule, &WidgetSchedule::reloadAll);
+}
+
+/// What goes wrong is said where it was clicked, and nowhere else.
+void HostApplication::openLink(CardWidget* card, const Url& url) {
+    m_links.open(url, [clicked = QPointer(card)](const QString& sentence) {
+        if (!clicked.isNull())
+            clicked->showNotice(sentence);
+    });
 }
 
 /// A second widget of one kind and size shows at once what the first one shows.

@@ -48,6 +48,7 @@ private:
     void joinBus();
     void watchDays();
     QWidget* makeCard(const WidgetKey& key);
+    void openLink(CardWidget* card, const Url& url);
     void showView(const WidgetKey& key);
     void tick();
     void finish(const IntentOutcome& outcome);
@@ -76,7 +77,6 @@ private:
     QPointer<GalleryWindow> m_gallery;
     std::unique_ptr<DayWatch> m_days;
     std::map<std::string, std::vector<IntentCall>> m_performed; ///< of each kind, not yet seen on its cards
-    std::string m_linkKind;                                     ///< of the widget whose link was opened last
 };
 
 } // namespace vantel

@@ -65,22 +65,22 @@ LinkOpener::LinkOpener(SessionBus& bus, const Formats& formats, LinkDoors doors,
     , m_formats(formats)
     , m_doors(std::move(doors)) {}
 
-void LinkOpener::open(const Url& url) {
+void LinkOpener::open(const Url& url, Failed failed) {
     if (!isOwnLink(url))
-        return fail(textKey("This link leads somewhere else and was not opened."));
+        return fail(failed, textKey("This link leads somewhere else and was not opened."));
     if (!m_doors.hasHandler())
-        return fail(textKey("No application is installed that opens this."));
+        return fail(failed, textKey("No application is installed that opens this."));
     const QString text = QString::fromStdString(url.text);
     if (m_bus.isConnected())
-        askPortal(text);
+        askPortal(text, std::move(failed));
     else
-        startOpener(text);
+        startOpener(text, failed);
 }
 
-void LinkOpener::askPortal(const QString& url) {
+void LinkOpener::askPortal(const QString& url, Failed failed) {
     const QString token = u"vantel"_qs + QString::number(++m_requests);
     const QString request = requestPath(m_bus.connection(), token);
-    heed(request);
+    heed(request, std::move(failed));
     QDBusMessage call = QDBusMessage::createMethodCall(portal, portalPath,
                                                        u"org.freedesktop.portal.OpenURI"_qs, u"OpenURI"_qs);
     call << QString() << url << QVariantMap{{u"handle_token"_qs, token}};
@@ -95,39 +95,43 @@ void LinkOpener::askPortal(const QString& url) {
 void LinkOpener::takeReply(const QString& url, const QString& request, const QDBusMessage& reply) {
     if (reply.type() != QDBusMessage::ErrorMessage)
         return;
-    forget(request);
+    const Failed failed = forget(request);
     if (reply.errorName() == u"org.freedesktop.DBus.Error.NoReply"_qs)
-        fail(textKey("The desktop did not answer."));
+        fail(failed, textKey("The desktop did not answer."));
     else
-        startOpener(url);
+        startOpener(url, failed);
 }
 
 /// Zero is success, and one is a user who thought better of it.
 void LinkOpener::takeResponse(uint code, const QVariantMap& /*results*/, const QDBusMessage& message) {
-    forget(message.path());
+    const Failed failed = forget(message.path());
     if (code > 1)
-        fail(textKey("The desktop offers no way to open links."));
+        fail(failed, textKey("The desktop offers no way to open links."));
 }
 
-void LinkOpener::heed(const QString& request) {
+void LinkOpener::heed(const QString& request, Failed failed) {
+    m_asked[request] = std::move(failed);
     QDBusConnection(m_bus.connection())
         .connect(portal, request, u"org.freedesktop.portal.Request"_qs, u"Response"_qs, this,
                  SLOT(takeResponse(uint, QVariantMap, QDBusMessage)));
 }
 
-void LinkOpener::forget(const QString& request) {
+LinkOpener::Failed LinkOpener::forget(const QString& request) {
     QDBusConnection(m_bus.connection())
         .disconnect(portal, request, u"org.freedesktop.portal.Request"_qs, u"Response"_qs, this,
                     SLOT(takeResponse(uint, QVariantMap, QDBusMessage)));
+    const auto asked = m_asked.extract(request);
+    return asked.empty() ? Failed() : asked.mapped();
 }
 
-void LinkOpener::startOpener(const QString& url) {
+void LinkOpener::startOpener(const QString& url, const Failed& failed) {
     if (!m_doors.startDetached(u"xdg-open"_qs, {url}))
-        fail(textKey("The desktop offers no way to open links."));
+        fail(failed, textKey("The desktop offers no way to open links."));
 }
 
-void LinkOpener::fail(const char* sentenceKey) {
-    Q_EMIT failed(QString::fromStdString(m_formats.translated(sentenceKey)));
+void LinkOpener::fail(const Failed& failed, const char* sentenceKey) const {
+    if (failed)
+        failed(QString::fromStdString(m_formats.translated(sentenceKey)));
 }
 
 } // namespace vantel

@@ -9,6 +9,7 @@
 #include <QStringList>
 #include <QVariantMap>
 #include <functional>
+#include <map>
 
 namespace vantel {
 
@@ -34,26 +35,26 @@ public:
     LinkOpener(SessionBus& bus, const Formats& formats, LinkDoors doors = LinkDoors::ofTheDesktop(),
                QObject* parent = nullptr);
 
-    /// Returns at once. What goes wrong is told by `failed`, possibly inside this call.
-    void open(const Url& url);
+    /// Gets why a link was not opened, as a sentence for the user.
+    using Failed = std::function<void(const QString& sentence)>;
 
-Q_SIGNALS:
-    /// Why the last link was not opened, as a sentence for the user.
-    void failed(const QString& sentence);
+    /// Returns at once. What goes wrong is told at most once, possibly inside this call.
+    void open(const Url& url, Failed failed);
 
 private:
-    void askPortal(const QString& url);
+    void askPortal(const QString& url, Failed failed);
     void takeReply(const QString& url, const QString& request, const QDBusMessage& reply);
     Q_SLOT void takeResponse(uint code, const QVariantMap& results, const QDBusMessage& message);
-    void heed(const QString& request);
-    void forget(const QString& request);
-    void startOpener(const QString& url);
-    void fail(const char* sentenceKey);
+    void heed(const QString& request, Failed failed);
+    Failed forget(const QString& request);
+    void startOpener(const QString& url, const Failed& failed);
+    void fail(const Failed& failed, const char* sentenceKey) const;
 
     SessionBus& m_bus;
     const Formats& m_formats;
     LinkDoors m_doors;
-    int m_requests = 0; ///< how many the portal was asked
+    int m_requests = 0;                ///< how many the portal was asked
+    std::map<QString, Failed> m_asked; ///< requests that the portal has not answered, by their paths
 };
 
 /// Whether a link is one of this system's.

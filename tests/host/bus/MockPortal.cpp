@@ -54,16 +54,19 @@ void MockPortal::sendChange(const QVariantList& arguments) {
 bool MockPortal::handleMessage(const QDBusMessage& message, const QDBusConnection& connection) {
     calls.append(wordsOf(message));
     connection.send(answer(message));
+    if (message.member() == u"OpenURI"_qs)
+        m_requests.append(message);
     if (response && message.member() == u"OpenURI"_qs)
-        respond(message, connection);
+        respondTo(static_cast<int>(m_requests.size()) - 1, *response);
     return true;
 }
 
-void MockPortal::respond(const QDBusMessage& message, const QDBusConnection& connection) const {
+void MockPortal::respondTo(int request, uint code) const {
+    const QDBusMessage& message = m_requests.at(request);
     QDBusMessage signal = QDBusMessage::createTargetedSignal(
         message.service(), requestPath(message), u"org.freedesktop.portal.Request"_qs, u"Response"_qs);
-    signal << *response << QVariantMap();
-    connection.send(signal);
+    signal << code << QVariantMap();
+    m_peer.connection.send(signal);
 }
 
 QDBusMessage MockPortal::answer(const QDBusMessage& message) const {

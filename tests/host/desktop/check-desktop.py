@@ -174,6 +174,18 @@ def without_an_application_for_a_link_the_widget_says_so(desktop):
     wait_for(lambda: desktop.picture(left, top + 120, width, height - 120) != before, "a notice on the card")
 
 
+def only_the_clicked_one_of_two_widgets_says_what_went_wrong(desktop):
+    desktop.write_snapshot(desktop.placeholder())
+    desktop.place((TRIAGE, "systemSmall"), (FOCUS, "systemSmall"), (TRIAGE, "systemSmall"), (NEXT_UP, "systemSmall"))
+    desktop.start_widgets()
+    first, _, second, _ = (desktop.area(each) for each in desktop.placements())
+    before, untouched = desktop.picture(*second), desktop.picture(*first)
+    desktop.click(second[0] + 100, second[1] + 100)
+    wait_for(lambda: desktop.picture(*second) != before, "a notice on the clicked card")
+    desktop.wait_until_still()
+    expect(desktop.picture(*first) == untouched, "the other card of the kind says it too")
+
+
 def a_meeting_that_starts_is_shown_at_once(desktop):
     snapshot = desktop.placeholder()
     desktop.write_snapshot(snapshot)
