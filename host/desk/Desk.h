@@ -84,7 +84,9 @@ private:
 
     Placement* find(const Uuid& id);
     bool isKnown(const std::string& kind, WidgetFamily family) const;
+    const Monitor* monitorOf(const Placement& placement, const std::vector<Monitor>& monitors) const;
     void placeFirst(const Monitor& monitor);
+    void adopt(const Monitor& monitor, const std::vector<Monitor>& monitors);
     std::vector<QRect> cardsOn(const Monitor& monitor, const Uuid& without) const;
     void update();
     QPoint shownPosition(const Placement& placement, QSize card, const Monitor& monitor,
@@ -103,6 +105,7 @@ private:
     Placements m_placements;
     std::map<Uuid, Window> m_windows;
     PlacedWidgets m_announced;
+    MonitorSets m_seen;
     QPointer<CardWindow> m_lastFocused;
     bool m_isFirstStart = false;
 };

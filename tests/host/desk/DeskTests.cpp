@@ -172,6 +172,7 @@ TEST_F(DeskTest, WhatTheBundleDoesNotDeclareIsNotAdded) {
 TEST_F(DeskTest, WhatTheBundleNoLongerDeclaresIsKeptButNotShown) {
     Placement unknown = widgetA();
     unknown.kind = "Former";
+    unknown.frame = frameOf(laptop);
     startWith(unknown);
     EXPECT_THAT(cards(), IsEmpty());
     desk->add("A", small);
@@ -226,6 +227,87 @@ TEST_F(DeskTest, AWidgetWaitsForItsMonitorAndReturnsWithIt) {
     EXPECT_THAT(announced, ElementsAre(one, PlacedWidgets{}, one));
 }
 
+/// A monitor that says nothing of itself.
+Monitor nameless(const char* name, const QRect& geometry) {
+    return {{"", "", "", name}, geometry, geometry, nullptr};
+}
+
+const QRect builtIn(0, 0, 1366, 768);
+const QRect beside(1366, 0, 1920, 1080);
+
+TEST_F(DeskTest, WidgetsOfANamelessMonitorComeAndGoWithDocking) {
+    const Monitor own = nameless("A-1", builtIn);
+    const Monitor docked = nameless("A-2", beside);
+    screens.set({own, docked});
+    Placement onDocked = widgetA();
+    onDocked.monitor = docked.identity;
+    onDocked.frame = frameOf(docked);
+    startWith(onDocked);
+    struct Step {
+        const char* title;
+        std::vector<Monitor> connected;
+        std::vector<QRect> cards;
+    };
+    const QRect there(3092, 52, 170, 170);
+    const QRect alone(1172, 52, 170, 170);
+    const Step steps[] = {
+        {"docked", {own, docked}, {there}},
+        {"undocked: it waits", {own}, {}},
+        {"docked at another connector", {own, nameless("A-3", beside)}, {there}},
+        {"and with another resolution: nobody can know", {own, nameless("A-3", {1366, 0, 800, 600})}, {}},
+        {"back where it was", {own, docked}, {there}},
+        {"the dock takes over as the only one", {nameless("B-1", builtIn)}, {alone}},
+        {"which others were seen beside", {nameless("B-1", builtIn), docked}, {there}},
+        {"and undocked again", {nameless("B-1", builtIn)}, {}},
+    };
+    for (const Step& step : steps) {
+        screens.set(step.connected);
+        EXPECT_EQ(cards(), step.cards) << step.title;
+    }
+    EXPECT_THAT(desk->placements(), ElementsAre(onDocked));
+}
+
+TEST_F(DeskTest, WidgetsOfARenamedMonitorStayTogetherWhenOneIsMoved) {
+    screens.set({nameless("A-1", builtIn)});
+    start();
+    const std::vector<QRect> before = cards();
+    const Monitor renamed = nameless("B-1", builtIn);
+    screens.set({renamed});
+    EXPECT_EQ(cards(), before);
+    CardWindow& window = *desk->window(desk->placements()[0].id);
+    Q_EMIT window.dragged(QPoint(30, 60));
+    Q_EMIT window.dropped();
+    screens.set({});
+    screens.set({renamed});
+    EXPECT_THAT(cards(), SizeIs(before.size()));
+    desk->add("A", small);
+    screens.set({});
+    screens.set({renamed});
+    EXPECT_THAT(cards(), SizeIs(before.size() + 1));
+    EXPECT_EQ(store.load(), desk->placements());
+}
+
+bool anyOverlap(const std::vector<QRect>& cards) {
+    for (std::size_t i = 0; i < cards.size(); ++i)
+        for (std::size_t j = i + 1; j < cards.size(); ++j)
+            if (cards[i].intersects(cards[j]))
+                return true;
+    return false;
+}
+
+TEST_F(DeskTest, WidgetsOfTwoMonitorsThatBecameOneStandBesideEachOther) {
+    Placement other = widgetA();
+    other.id.bytes[0] = 1;
+    other.monitor = nameless("A-2", beside).identity;
+    Placement one = widgetA();
+    one.monitor = nameless("A-1", builtIn).identity;
+    store.save({one, other});
+    screens.set({nameless("B-1", builtIn)});
+    start();
+    EXPECT_THAT(cards(), SizeIs(2));
+    EXPECT_FALSE(anyOverlap(cards()));
+}
+
 TEST_F(DeskTest, AnotherResolutionKeepsTheCornerAndRewritesNothing) {
     startWith(widgetA());
     Monitor coarse = laptop;
@@ -275,14 +357,6 @@ TEST_F(DeskTest, AScaleMovesCardsByTheirCorner) {
     desk->setScale(1.5);
     desk->window(widgetA().id)->card()->setFixedSize(255, 255);
     EXPECT_EQ(cardOf(widgetA().id), QRect(1087, 52, 255, 255));
-}
-
-bool anyOverlap(const std::vector<QRect>& cards) {
-    for (std::size_t i = 0; i < cards.size(); ++i)
-        for (std::size_t j = i + 1; j < cards.size(); ++j)
-            if (cards[i].intersects(cards[j]))
-                return true;
-    return false;
 }
 
 TEST_F(DeskTest, GrownCardsDoNotCoverEachOtherAndTheirPlacesStayRemembered) {
