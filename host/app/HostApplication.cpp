@@ -5,6 +5,7 @@
 
 #include <QApplication>
 #include <QDBusMessage>
+#include <QDeadlineTimer>
 #include <QMessageBox>
 #include <QScreen>
 #include <QTimer>
@@ -20,7 +21,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// A press that waits for another program's lock may not keep the session from ending.
+/// A press that waits for another program's lock, or a slow disk, may not keep the session from ending.
 constexpr auto patienceAtEnd = 800ms;
 
 void warn(const std::string& sentence) {
@@ -90,11 +91,18 @@ int HostApplication::runUntilEnd() {
     QApplication::setQuitOnLastWindowClosed(false);
     SignalWatch signalWatch;
     connect(&signalWatch, &SignalWatch::endRequested, qApp, &QApplication::quit);
-    connect(qApp, &QApplication::aboutToQuit, this, [this] { m_intents.drain(patienceAtEnd); });
+    connect(qApp, &QApplication::aboutToQuit, this, &HostApplication::finishWriting);
     takePreferences(m_settings.preferences());
     m_desk.start();
     QTimer::singleShot(0, this, &HostApplication::watchDays);
     return QApplication::exec();
+}
+
+/// Presses go on while the places are waited for, and may wait for others: so they come last.
+void HostApplication::finishWriting() {
+    const QDeadlineTimer end(patienceAtEnd);
+    m_placements.drain(std::chrono::milliseconds(end.remainingTime()));
+    m_intents.drain(std::chrono::milliseconds(end.remainingTime()));
 }
 
 void HostApplication::joinCards() {

@@ -42,6 +42,7 @@ public:
 
 private:
     int runUntilEnd();
+    void finishWriting();
     void joinCards();
     void joinSchedule();
     void joinDesk();
@@ -72,7 +73,7 @@ private:
     CardShelf m_cards;
     std::unique_ptr<WindowSystem> m_windows = makeWindowSystem();
     SystemScreens m_screens;
-    PlacementStore m_placements;
+    PlacementSaver m_placements;
     Desk m_desk;
     QPointer<GalleryWindow> m_gallery;
     std::unique_ptr<DayWatch> m_days;

@@ -2,7 +2,7 @@
 
 #include "host/WidgetKey.h"
 #include "host/desk/Arrangement.h"
-#include "host/desk/PlacementStore.h"
+#include "host/desk/PlacementSaver.h"
 #include "host/desk/Screens.h"
 #include "host/surface/CardWindow.h"
 
@@ -24,7 +24,7 @@ struct DeskParts {
     const Formats& formats;
     WindowSystem& windows;
     Screens& screens;
-    PlacementStore& store;
+    PlacementSaver& store;
     UuidSource& identifiers;
 
     /// Makes the card of a placement, of its family's size at the current scale. The desk owns it, and
