@@ -46,7 +46,8 @@ std::optional<Placements> PlacementSaver::load() {
 
 void PlacementSaver::save(const Placements& placements) {
     m_desired->set(placements);
-    m_worker.run([desired = m_desired] { desired->write(); });
+    if (!m_worker.run([desired = m_desired] { desired->write(); }))
+        m_desired->write();
 }
 
 bool PlacementSaver::drain(std::chrono::milliseconds patience) {

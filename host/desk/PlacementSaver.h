@@ -24,7 +24,8 @@ public:
     /// start, before anything is saved.
     std::optional<Placements> load();
 
-    /// Returns at once. Of those that come while one is being written the last is written, whole and durable.
+    /// Returns at once, unless the system gives no thread. Of those that come while one is being written the
+    /// last is written, whole and durable.
     void save(const Placements& placements);
 
     /// For the end of the program: waits until the last save is on the disk or has failed, but no longer than

@@ -1,6 +1,7 @@
 #include "host/desk/PlacementSaver.h"
 #include "tests/fakes/MemoryFileSystem.h"
 #include "tests/host/schedule/Gate.h"
+#include "tests/host/schedule/NoThreads.h"
 #include "tests/host/schedule/WindowThread.h"
 
 #include <cerrno>
@@ -124,6 +125,13 @@ TEST_F(PlacementSaverTest, AFailureIsReportedOnTheWindowThreadAndDrainingHandsIt
     saver.save(widget("B"));
     ASSERT_TRUE(saver.drain(patience));
     EXPECT_EQ(onDisk(), widget("B"));
+}
+
+TEST_F(PlacementSaverTest, WithoutAThreadItIsWrittenHere) {
+    files.gate.open();
+    const NoThreads none;
+    saver.save(widget("A"));
+    EXPECT_EQ(onDisk(), widget("A"));
 }
 
 TEST_F(PlacementSaverTest, WhatAnEarlierRunLeftIsLoaded) {
