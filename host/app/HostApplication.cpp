@@ -119,6 +119,7 @@ void HostApplication::joinSchedule() {
     connect(&m_schedule, &WidgetSchedule::viewChanged, this, &HostApplication::showView);
     connect(&m_schedule, &WidgetSchedule::ticked, this, &HostApplication::tick);
     connect(&m_alarm, &Alarm::clockStepped, this, &HostApplication::tick);
+    connect(&m_alarm, &Alarm::reached, &m_bus, &SessionBus::lookAgain);
     connect(&m_schedule, &WidgetSchedule::settled, this, [this](const std::string& kind) {
         for (const IntentCall& call : std::exchange(m_performed[kind], {}))
             m_cards.endPending(kind, call);
