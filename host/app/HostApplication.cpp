@@ -28,16 +28,20 @@ void warn(const std::string& sentence) {
     qWarning("%s", sentence.c_str());
 }
 
-/// Where the resolution of the screen already says that the user wants larger texts, it is not applied twice.
-double cardScale(double textScale) {
+/// What the toolkit enlarges everything by on account of the X server's resolution, into which desktops put
+/// the scale of the texts. What this program is asked for beside it, and scales of other systems, are none of
+/// it.
+double resolutionScale() {
     const QScreen* screen = QGuiApplication::primaryScreen();
-    const double inResolution = screen == nullptr ? 1 : screen->devicePixelRatio();
-    return std::max(1.0, textScale / inResolution);
+    if (screen == nullptr || QGuiApplication::platformName() != u"xcb")
+        return 1;
+    const double asked = qEnvironmentVariable("QT_SCALE_FACTOR").toDouble();
+    return screen->devicePixelRatio() / (asked > 0 ? asked : 1);
 }
 
 Look lookOf(const DesktopPreferences& preferences) {
     return {.appearance = preferences.appearance(),
-            .scale = cardScale(preferences.textScale),
+            .scale = cardScale(preferences.textScale, resolutionScale()),
             .motion = preferences.motion};
 }
 

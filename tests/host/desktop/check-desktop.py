@@ -323,6 +323,46 @@ def a_dark_desktop_darkens_the_cards_at_once(desktop):
         wait_for(lambda: is_dark() == now_dark, "a dark card" if now_dark else "a light card")
 
 
+def expect_cards_twice_as_large(desktop, margin=48):
+    """With so many pixels from the edges of the screen."""
+    desktop.write_snapshot(desktop.placeholder())
+    desktop.place((FOCUS, "systemSmall"))
+    desktop.start_widgets(cards=1)
+    width = height = 2 * 170
+    left, top = desktop.width - margin - width, margin
+    middle, centre = top + height // 2, left + width // 2
+    inside = [(left + 3, middle), (left + width - 4, middle), (centre, top + 3), (centre, top + height - 4)]
+    outside = [(left - 3, middle), (left + width + 2, middle), (centre, top - 3), (centre, top + height + 2)]
+
+    def is_card(place):
+        return desktop.picture(*place, 1, 1) != bytes(3)
+    wait_for(lambda: all(map(is_card, inside)) and not any(map(is_card, outside)), "a card of 340 by 340 pixels")
+    rows = [desktop.picture(left, top + y, width, 1) for y in range(60, 100)]
+    expect(any(rows[y] != rows[y + 1] for y in range(0, 40, 2)) and any(rows[y] != rows[y + 1] for y in range(1, 39, 2)),
+           "pixels are doubled")
+
+
+def cards_are_twice_as_large_where_the_program_is_asked_to(desktop):
+    desktop.environment["QT_SCALE_FACTOR"] = "2"
+    expect_cards_twice_as_large(desktop)
+
+
+def cards_are_twice_as_large_at_twice_the_resolution(desktop):
+    desktop.set_resolution(192)
+    expect_cards_twice_as_large(desktop)
+
+
+def the_scale_of_texts_counts_once_where_the_resolution_has_it(desktop):
+    SettingsPortal(desktop).text_scale = 2.0
+    desktop.set_resolution(192)
+    expect_cards_twice_as_large(desktop)
+
+
+def the_scale_of_texts_enlarges_cards(desktop):
+    SettingsPortal(desktop).text_scale = 2.0
+    expect_cards_twice_as_large(desktop, margin=24)
+
+
 def floods_of_reloads_and_themes_leave_the_memory_flat(desktop):
     portal = SettingsPortal(desktop)
     desktop.write_snapshot(desktop.placeholder())

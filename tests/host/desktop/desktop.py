@@ -139,11 +139,11 @@ class Desktop:
                      for number, (kind, family) in enumerate(widgets)]
         (self.state / "placements.json").write_text(json.dumps({"version": 1, "placements": documents}))
 
-    def start_widgets(self, *launcher):
-        """Returns once the four cards are drawn and nothing on the screen moves any more."""
+    def start_widgets(self, *launcher, cards=4):
+        """Returns once all cards are drawn and nothing on the screen moves any more."""
         process = self.start(*launcher, self.widgets)
-        wait_for(lambda: len(self.placements()) == 4, "four placements")
-        wait_for(lambda: all(self.is_drawn(each) for each in self.placements()), "four drawn cards")
+        wait_for(lambda: len(self.placements()) == cards, f"{cards} placements")
+        wait_for(lambda: all(self.is_drawn(each) for each in self.placements()), f"{cards} drawn cards")
         self.wait_until_still()
         return process
 
@@ -179,6 +179,11 @@ class Desktop:
 
     def is_drawn(self, placement):
         return len(set(self.picture(*self.area(placement)))) > 20
+
+    def set_resolution(self, dots_per_inch):
+        """Says the resolution for texts, as desktops do."""
+        self.run("xprop", "-root", "-f", "RESOURCE_MANAGER", "8s", "-set", "RESOURCE_MANAGER",
+                 f"Xft.dpi:\t{dots_per_inch}\n")
 
     def wait_until_still(self):
         before = [self.picture()]
