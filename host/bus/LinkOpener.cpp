@@ -5,6 +5,7 @@
 #include "widgets/TextKey.h"
 
 #include <QDBusMessage>
+#include <QDBusObjectPath>
 #include <QDBusPendingCallWatcher>
 #include <QFile>
 #include <QProcess>
@@ -80,7 +81,8 @@ void LinkOpener::open(const Url& url, Failed failed) {
 void LinkOpener::askPortal(const QString& url, Failed failed) {
     const QString token = u"vantel"_qs + QString::number(++m_requests);
     const QString request = requestPath(m_bus.connection(), token);
-    heed(request, std::move(failed));
+    heedResponses();
+    m_asked[request] = std::move(failed);
     QDBusMessage call = QDBusMessage::createMethodCall(portal, portalPath,
                                                        u"org.freedesktop.portal.OpenURI"_qs, u"OpenURI"_qs);
     call << QString() << url << QVariantMap{{u"handle_token"_qs, token}};
@@ -91,11 +93,17 @@ void LinkOpener::askPortal(const QString& url, Failed failed) {
     });
 }
 
-/// A portal that is silent for long may still open the link: nothing else is tried then.
+/// A portal that is silent for long may still open the link: nothing else is tried then. Older portals choose
+/// the path of the request themselves, and tell it here.
 void LinkOpener::takeReply(const QString& url, const QString& request, const QDBusMessage& reply) {
-    if (reply.type() != QDBusMessage::ErrorMessage)
+    const auto given = reply.arguments().value(0).value<QDBusObjectPath>().path();
+    if (given == request)
         return;
     const Failed failed = forget(request);
+    if (reply.type() != QDBusMessage::ErrorMessage) {
+        m_asked[given] = failed;
+        return;
+    }
     if (reply.errorName() == u"org.freedesktop.DBus.Error.NoReply"_qs)
         fail(failed, textKey("The desktop did not answer."));
     else
@@ -106,20 +114,19 @@ void LinkOpener::takeReply(const QString& url, const QString& request, const QDB
 void LinkOpener::takeResponse(uint code, const QVariantMap& /*results*/, const QDBusMessage& message) {
     const Failed failed = forget(message.path());
     if (code > 1)
-        fail(failed, textKey("The desktop offers no way to open links."));
+        fail(failed, textKey("The desktop did not open this."));
 }
 
-void LinkOpener::heed(const QString& request, Failed failed) {
-    m_asked[request] = std::move(failed);
-    QDBusConnection(m_bus.connection())
-        .connect(portal, request, u"org.freedesktop.portal.Request"_qs, u"Response"_qs, this,
-                 SLOT(takeResponse(uint, QVariantMap, QDBusMessage)));
+/// Those to all requests, once for each connection: the path of one may become known only after its response
+/// was sent.
+void LinkOpener::heedResponses() {
+    QDBusConnection connection = m_bus.connection();
+    if (std::exchange(m_heeded, connection.name()) != connection.name())
+        connection.connect(portal, QString(), u"org.freedesktop.portal.Request"_qs, u"Response"_qs, this,
+                           SLOT(takeResponse(uint, QVariantMap, QDBusMessage)));
 }
 
 LinkOpener::Failed LinkOpener::forget(const QString& request) {
-    QDBusConnection(m_bus.connection())
-        .disconnect(portal, request, u"org.freedesktop.portal.Request"_qs, u"Response"_qs, this,
-                    SLOT(takeResponse(uint, QVariantMap, QDBusMessage)));
     const auto asked = m_asked.extract(request);
     return asked.empty() ? Failed() : asked.mapped();
 }

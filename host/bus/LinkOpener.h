@@ -45,7 +45,7 @@ private:
     void askPortal(const QString& url, Failed failed);
     void takeReply(const QString& url, const QString& request, const QDBusMessage& reply);
     Q_SLOT void takeResponse(uint code, const QVariantMap& results, const QDBusMessage& message);
-    void heed(const QString& request, Failed failed);
+    void heedResponses();
     Failed forget(const QString& request);
     void startOpener(const QString& url, const Failed& failed);
     void fail(const Failed& failed, const char* sentenceKey) const;
@@ -54,6 +54,7 @@ private:
     const Formats& m_formats;
     LinkDoors m_doors;
     int m_requests = 0;                ///< how many the portal was asked
+    QString m_heeded;                  ///< the connection on which responses are heard
     std::map<QString, Failed> m_asked; ///< requests that the portal has not answered, by their paths
 };
 

@@ -66,8 +66,37 @@ TEST_F(LinkOpenerOnABusTest, OnlyAPortalThatFailsIsSaidOnceForEachLink) {
         ASSERT_TRUE(waitUntil([&] { return portal.calls.size() > before; }));
     }
     ASSERT_TRUE(waitUntil([this] { return failures.size() >= 2; }));
-    EXPECT_EQ(failures, QStringList(2, u"The desktop offers no way to open links."_qs));
+    EXPECT_EQ(failures, QStringList(2, u"The desktop did not open this."_qs));
     EXPECT_TRUE(started.isEmpty());
+}
+
+TEST_F(LinkOpenerOnABusTest, APortalMayChooseThePathsOfRequestsItself) {
+    MockPortal portal(privateBus);
+    portal.heedsTokens = false;
+    use(bus);
+    for (const uint code : {2U, 0U, 1U, 2U}) {
+        portal.response = code;
+        const qsizetype before = portal.calls.size();
+        open(task);
+        ASSERT_TRUE(waitUntil([&] { return portal.calls.size() > before; }));
+    }
+    ASSERT_TRUE(waitUntil([this] { return failures.size() >= 2; }));
+    serveEvents();
+    EXPECT_EQ(failures, QStringList(2, u"The desktop did not open this."_qs));
+}
+
+TEST_F(LinkOpenerOnABusTest, AnotherConnectionHearsResponsesToo) {
+    use(bus);
+    for (int round = 1; round <= 2; ++round) {
+        MockPortal portal(privateBus);
+        portal.response = 2U;
+        open(task);
+        ASSERT_TRUE(waitUntil([&] { return failures.size() == round; }));
+        privateBus.stop();
+        ASSERT_TRUE(waitUntil([this] { return !bus.isConnected(); }));
+        privateBus.start();
+        ASSERT_TRUE(waitUntil([this] { return bus.isConnected(); }));
+    }
 }
 
 TEST_F(LinkOpenerOnABusTest, EachFailureIsToldToWhoAskedForThatLink) {

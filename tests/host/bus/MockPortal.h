@@ -19,6 +19,7 @@ public:
     QMap<QString, QVariant> settings;
     bool hasReadOne = true;
     bool answersLinks = true;
+    bool heedsTokens = true;      ///< else it chooses the paths of requests itself, as older ones do
     std::optional<uint> response; ///< follows the reply to OpenURI
     QStringList calls;            ///< "ReadOne namespace key", "OpenURI url", in their order
 
@@ -35,6 +36,7 @@ public:
     QString introspect(const QString&) const override { return {}; }
 
 private:
+    QString requestPath(const QDBusMessage& message) const;
     QDBusMessage answer(const QDBusMessage& message) const;
     QDBusMessage setting(const QDBusMessage& message) const;
 
