@@ -92,6 +92,38 @@ def escape_gives_the_keyboard_away(desktop):
     expect(desktop.journal() == [], "a key completed a task after Escape")
 
 
+def open_menu(desktop, x, y):
+    windows = desktop.window_count()
+    desktop.click(x, y, button=3)
+    wait_for(lambda: desktop.window_count() > windows, "the menu")
+    desktop.wait_until_still()
+
+
+def a_closed_menu_leaves_no_ring(desktop):
+    desktop.write_snapshot(dict(desktop.placeholder(), events=[]))  # so that nothing counts down
+    desktop.start_widgets()
+    area = desktop.card(FOCUS)
+    left, top, _, _ = area
+    bare = desktop.picture(*area)
+    for place in ((left + 40, top + 130), (left + CIRCLE, top + FIRST_ROW)):
+        open_menu(desktop, *place)
+        desktop.press_keys("Down", "Escape")
+        desktop.wait_until_still()
+        expect(desktop.picture(*area) == bare, "a ring is left by a menu")
+    desktop.focus_widgets()
+    wait_for(lambda: desktop.picture(*area) != bare, "a ring")
+    desktop.wait_until_still()
+    ringed = desktop.picture(*area)
+    open_menu(desktop, left + 40, top + 130)
+    desktop.press_keys("Escape")
+    wait_for(lambda: desktop.picture(*area) == ringed, "the ring after the menu")
+    open_menu(desktop, left + 40, top + 130)
+    desktop.start("xev", "-geometry", "200x200+20+400")
+    wait_for(lambda: desktop.focused("Event Tester"), "the keyboard in another window")
+    desktop.press_keys("Escape")
+    wait_for(lambda: desktop.picture(*area) == bare, "no ring on a card that the keyboard has left")
+
+
 def a_reload_over_the_bus_shows_the_new_snapshot(desktop):
     snapshot = desktop.placeholder()
     desktop.write_snapshot(snapshot)
