@@ -37,6 +37,7 @@ def expect(condition, what):
 
 class Desktop:
     width, height = 1366, 768
+    is_long = False  # whether a scenario takes its time
 
     def __init__(self, widgets, vantelctl):
         self.widgets, self.vantelctl = widgets, vantelctl
@@ -93,6 +94,11 @@ class Desktop:
         process = subprocess.Popen(words, env=self.environment, stderr=subprocess.DEVNULL, **options)
         self.processes.append(process)
         return process
+
+    def figure(self, text):
+        """Prints what was measured, where there was time to."""
+        if self.is_long:
+            print(text)
 
     def output(self, *words, **options):
         return subprocess.run(words, env=self.environment, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL,
@@ -157,6 +163,14 @@ class Desktop:
         """The bytes that a process keeps in memory."""
         pages = pathlib.Path(f"/proc/{process.pid}/statm").read_text().split()[1]
         return int(pages) * os.sysconf("SC_PAGE_SIZE")
+
+    def hold_lock(self):
+        """Starts a process that takes the lock of the snapshot and keeps it."""
+        lock = str(self.container / "widget-snapshot.lock")
+        holder = self.start("flock", "--no-fork", lock, "sleep", "600")
+        wait_for(lambda: subprocess.run(["flock", "--nonblock", lock, "true"], check=False).returncode == 1,
+                 "a held lock")
+        return holder
 
     # ---- the screen
 
