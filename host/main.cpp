@@ -1,3 +1,4 @@
+#include "core/WidgetShared.h"
 #include "host/app/Display.h"
 #include "host/app/HeadStart.h"
 #include "host/app/HostApplication.h"
@@ -22,7 +23,7 @@ HostedWidgets hostedWidgets() {
     return {
         VantelWidgetsBundle::body(),
         [](const std::string& kind, Instant now) { return VantelWidgetsBundle::entry(kind, {now, nullptr}); },
-        WTokens::windowBg};
+        WTokens::windowBg, std::string(WidgetShared::urlScheme)};
 }
 
 /// A provider that waits for a lock may still run in a thread of its own. It must not meet what a program

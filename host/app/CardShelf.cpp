@@ -24,7 +24,7 @@ CardWidget* CardShelf::makeCard(const WidgetKey& key) {
     card->setLook(m_look);
     card->setView(emptyView(key, m_emptyBackground));
     connect(card, &CardWidget::linkActivated, this,
-            [this, kind = key.kind](const Url& url) { Q_EMIT linkActivated(kind, url); });
+            [this, card](const Url& url) { Q_EMIT linkActivated(card, url); });
     connect(card, &CardWidget::intentPressed, this,
             [this, kind = key.kind](const IntentCall& intent) { Q_EMIT intentPressed(kind, intent); });
     m_cards.emplace_back(key, card);

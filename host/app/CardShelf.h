@@ -39,7 +39,8 @@ public:
     void showNotice(const std::string& kind, const QString& sentence);
 
 Q_SIGNALS:
-    void linkActivated(const std::string& kind, const vantel::Url& url);
+    /// The card may be gone before anything has come of it.
+    void linkActivated(vantel::CardWidget* card, const vantel::Url& url);
     void intentPressed(const std::string& kind, const vantel::IntentCall& intent);
 
 private:

@@ -2,11 +2,13 @@
 
 #include <QFontDatabase>
 #include <QStringList>
+#include <tuple>
 
 namespace vantel {
 
 void beginFirstPicture(Worker& worker, const Formats& formats) {
-    worker.run([&formats] {
+    // Where there is no thread for it, it is done when it is needed.
+    std::ignore = worker.run([&formats] {
         QFontDatabase::families();
         formats.date({}, DateFields::hourMinute);
         formats.timeLeft(Seconds(60));

@@ -5,12 +5,14 @@
 
 #include <QApplication>
 #include <QDBusMessage>
+#include <QDeadlineTimer>
 #include <QMessageBox>
 #include <QScreen>
 #include <QTimer>
 #include <algorithm>
 #include <chrono>
 #include <cstdlib>
+#include <set>
 #include <utility>
 
 namespace vantel {
@@ -19,23 +21,27 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// A press that waits for another program's lock may not keep the session from ending.
+/// A press that waits for another program's lock, or a slow disk, may not keep the session from ending.
 constexpr auto patienceAtEnd = 800ms;
 
 void warn(const std::string& sentence) {
     qWarning("%s", sentence.c_str());
 }
 
-/// Where the resolution of the screen already says that the user wants larger texts, it is not applied twice.
-double cardScale(double textScale) {
+/// What the toolkit enlarges everything by on account of the X server's resolution, into which desktops put
+/// the scale of the texts. What this program is asked for beside it, and scales of other systems, are none of
+/// it.
+double resolutionScale() {
     const QScreen* screen = QGuiApplication::primaryScreen();
-    const double inResolution = screen == nullptr ? 1 : screen->devicePixelRatio();
-    return std::max(1.0, textScale / inResolution);
+    if (screen == nullptr || QGuiApplication::platformName() != u"xcb")
+        return 1;
+    const double asked = qEnvironmentVariable("QT_SCALE_FACTOR").toDouble();
+    return screen->devicePixelRatio() / (asked > 0 ? asked : 1);
 }
 
 Look lookOf(const DesktopPreferences& preferences) {
     return {.appearance = preferences.appearance(),
-            .scale = cardScale(preferences.textScale),
+            .scale = cardScale(preferences.textScale, resolutionScale()),
             .motion = preferences.motion};
 }
 
@@ -52,7 +58,7 @@ QString activationToken() {
 HostApplication::HostApplication(HostedWidgets widgets, const Formats& formats)
     : m_widgets(std::move(widgets))
     , m_formats(formats)
-    , m_links(m_bus, formats)
+    , m_links(m_bus, formats, m_widgets.linkScheme)
     , m_schedule(m_widgets.bundle,
                  {*m_clock, m_alarm, formats, SystemCalendar::current, m_widgets.entryWithoutData})
     , m_intents(m_widgets.bundle, {m_clock, m_identifiers}, formats)
@@ -89,20 +95,22 @@ int HostApplication::runUntilEnd() {
     QApplication::setQuitOnLastWindowClosed(false);
     SignalWatch signalWatch;
     connect(&signalWatch, &SignalWatch::endRequested, qApp, &QApplication::quit);
-    connect(qApp, &QApplication::aboutToQuit, this, [this] { m_intents.drain(patienceAtEnd); });
+    connect(qApp, &QApplication::aboutToQuit, this, &HostApplication::finishWriting);
     takePreferences(m_settings.preferences());
     m_desk.start();
     QTimer::singleShot(0, this, &HostApplication::watchDays);
     return QApplication::exec();
 }
 
+/// Presses go on while the places are waited for, and may wait for others: so they come last.
+void HostApplication::finishWriting() {
+    const QDeadlineTimer end(patienceAtEnd);
+    m_placements.drain(std::chrono::milliseconds(end.remainingTime()));
+    m_intents.drain(std::chrono::milliseconds(end.remainingTime()));
+}
+
 void HostApplication::joinCards() {
-    connect(&m_cards, &CardShelf::linkActivated, this, [this](const std::string& kind, const Url& url) {
-        m_linkKind = kind;
-        m_links.open(url);
-    });
-    connect(&m_links, &LinkOpener::failed, this,
-            [this](const QString& sentence) { m_cards.showNotice(m_linkKind, sentence); });
+    connect(&m_cards, &CardShelf::linkActivated, this, &HostApplication::openLink);
     connect(&m_cards, &CardShelf::intentPressed, this,
             [this](const std::string& kind, const IntentCall& intent) {
                 m_cards.setPending(kind, intent);
@@ -115,6 +123,7 @@ void HostApplication::joinSchedule() {
     connect(&m_schedule, &WidgetSchedule::viewChanged, this, &HostApplication::showView);
     connect(&m_schedule, &WidgetSchedule::ticked, this, &HostApplication::tick);
     connect(&m_alarm, &Alarm::clockStepped, this, &HostApplication::tick);
+    connect(&m_alarm, &Alarm::reached, &m_bus, &SessionBus::lookAgain);
     connect(&m_schedule, &WidgetSchedule::settled, this, [this](const std::string& kind) {
         for (const IntentCall& call : std::exchange(m_performed[kind], {}))
             m_cards.endPending(kind, call);
@@ -158,6 +167,14 @@ void HostApplication::joinBus() {
     connect(&m_service, &WidgetsService::reloadAllRequested, &m_schedule, &WidgetSchedule::reloadAll);
 }
 
+/// What goes wrong is said where it was clicked, and nowhere else.
+void HostApplication::openLink(CardWidget* card, const Url& url) {
+    m_links.open(url, [clicked = QPointer(card)](const QString& sentence) {
+        if (!clicked.isNull())
+            clicked->showNotice(sentence);
+    });
+}
+
 /// A second widget of one kind and size shows at once what the first one shows.
 QWidget* HostApplication::makeCard(const WidgetKey& key) {
     CardWidget* card = m_cards.makeCard(key);
@@ -194,9 +211,10 @@ void HostApplication::finish(const IntentOutcome& outcome) {
 }
 
 void HostApplication::place(const PlacedWidgets& placed) {
-    m_schedule.setPlaced(placed);
-    m_service.setConfigurations({placed.begin(), placed.end()});
-    for (const WidgetKey& key : placed)
+    const std::set<WidgetKey> different(placed.begin(), placed.end());
+    m_schedule.setPlaced(different);
+    m_service.setConfigurations(placed);
+    for (const WidgetKey& key : different)
         showView(key);
 }
 

@@ -36,12 +36,14 @@ public:
 
 private:
     int runUntilEnd();
+    void finishWriting();
     void joinCards();
     void joinSchedule();
     void joinDesk();
     void joinBus();
     void watchDays();
     QWidget* makeCard(const WidgetKey& key);
+    void openLink(CardWidget* card, const Url& url);
     void showView(const WidgetKey& key);
     void tick();
     void finish(const IntentOutcome& outcome);
@@ -65,12 +67,11 @@ private:
     CardShelf m_cards;
     std::unique_ptr<WindowSystem> m_windows = makeWindowSystem();
     SystemScreens m_screens;
-    PlacementStore m_placements;
+    PlacementSaver m_placements;
     Desk m_desk;
     QPointer<GalleryWindow> m_gallery;
     std::unique_ptr<DayWatch> m_days;
     std::map<std::string, std::vector<IntentCall>> m_performed; ///< of each kind, not yet seen on its cards
-    std::string m_linkKind;                                     ///< of the widget whose link was opened last
 };
 
 } // namespace vantel

@@ -16,6 +16,9 @@ struct HostedWidgets {
 
     /// What a card is filled with in the moment before its first view.
     TokenColor emptyBackground;
+
+    /// The scheme of the links on the cards. No other is opened.
+    std::string linkScheme;
 };
 
 } // namespace vantel

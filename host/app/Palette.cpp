@@ -12,7 +12,8 @@ bool isDark(const QPalette& palette) {
 }
 
 QPalette darkPalette() {
-    QPalette palette(QColor(0x2B, 0x2B, 0x2E), QColor(0x1C, 0x1C, 0x1E));
+    // Lighter than the cards, which would not be seen in the gallery otherwise.
+    QPalette palette(QColor(0x3A, 0x3A, 0x3E), QColor(0x2C, 0x2C, 0x2F));
     palette.setColor(QPalette::Highlight, QColor(0x3D, 0x8B, 0xFD));
     palette.setColor(QPalette::HighlightedText, Qt::white);
     return palette;

@@ -56,6 +56,10 @@ Appearance DesktopPreferences::appearance() const {
     return isDark ? Appearance::darkAqua() : Appearance::aqua();
 }
 
+double cardScale(double textScale, double resolutionScale) {
+    return std::max(1.0, textScale / resolutionScale);
+}
+
 void PortalReadings::take(const SettingName& name, const QVariant& value) {
     const QVariant plain = unwrapped(value);
     if (name == colorScheme)

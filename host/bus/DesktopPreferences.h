@@ -20,6 +20,10 @@ struct DesktopPreferences {
     Appearance appearance() const;
 };
 
+/// By what cards are enlarged for the user's scale of texts, where everything is enlarged by another scale
+/// already, which may contain the first one: it counts once. Cards do not become smaller.
+double cardScale(double textScale, double resolutionScale);
+
 /// One setting of the portal.
 struct SettingName {
     QString space;

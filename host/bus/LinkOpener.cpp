@@ -1,10 +1,10 @@
 #include "host/bus/LinkOpener.h"
 
-#include "core/WidgetShared.h"
 #include "host/bus/SchemeHandlers.h"
 #include "platform/TextKey.h"
 
 #include <QDBusMessage>
+#include <QDBusObjectPath>
 #include <QDBusPendingCallWatcher>
 #include <QFile>
 #include <QProcess>
@@ -27,10 +27,6 @@ QString requestPath(const QDBusConnection& connection, const QString& token) {
     return portalPath + u"/request/"_qs + asker + u'/' + token;
 }
 
-QString ownScheme() {
-    return QString::fromLatin1(WidgetShared::urlScheme.data(), WidgetShared::urlScheme.size());
-}
-
 bool isSandboxed() {
     return QFile::exists(u"/.flatpak-info"_qs);
 }
@@ -50,37 +46,38 @@ bool startsDetached(const QString& program, const QStringList& arguments) {
 
 } // namespace
 
-bool isOwnLink(const Url& url) {
-    return url.text.starts_with(std::string(WidgetShared::urlScheme) + ":");
-}
-
 LinkDoors LinkDoors::ofTheDesktop() {
-    return {[] { return isSandboxed() || hasSchemeHandler(ownScheme(), ApplicationFolders::current()); },
+    return {[](const QString& scheme) {
+                return isSandboxed() || hasSchemeHandler(scheme, ApplicationFolders::current());
+            },
             startsDetached};
 }
 
-LinkOpener::LinkOpener(SessionBus& bus, const Formats& formats, LinkDoors doors, QObject* parent)
+LinkOpener::LinkOpener(SessionBus& bus, const Formats& formats, std::string scheme, LinkDoors doors,
+                       QObject* parent)
     : QObject(parent)
     , m_bus(bus)
     , m_formats(formats)
+    , m_scheme(std::move(scheme))
     , m_doors(std::move(doors)) {}
 
-void LinkOpener::open(const Url& url) {
-    if (!isOwnLink(url))
-        return fail(textKey("This link leads somewhere else and was not opened."));
-    if (!m_doors.hasHandler())
-        return fail(textKey("No application is installed that opens this."));
+void LinkOpener::open(const Url& url, Failed failed) {
+    if (!url.text.starts_with(m_scheme + ":"))
+        return fail(failed, textKey("This link leads somewhere else and was not opened."));
+    if (!m_doors.hasHandler(QString::fromStdString(m_scheme)))
+        return fail(failed, textKey("No application is installed that opens this."));
     const QString text = QString::fromStdString(url.text);
     if (m_bus.isConnected())
-        askPortal(text);
+        askPortal(text, std::move(failed));
     else
-        startOpener(text);
+        startOpener(text, failed);
 }
 
-void LinkOpener::askPortal(const QString& url) {
+void LinkOpener::askPortal(const QString& url, Failed failed) {
     const QString token = u"vantel"_qs + QString::number(++m_requests);
     const QString request = requestPath(m_bus.connection(), token);
-    heed(request);
+    heedResponses();
+    m_asked[request] = std::move(failed);
     QDBusMessage call = QDBusMessage::createMethodCall(portal, portalPath,
                                                        u"org.freedesktop.portal.OpenURI"_qs, u"OpenURI"_qs);
     call << QString() << url << QVariantMap{{u"handle_token"_qs, token}};
@@ -91,43 +88,52 @@ void LinkOpener::askPortal(const QString& url) {
     });
 }
 
-/// A portal that is silent for long may still open the link: nothing else is tried then.
+/// A portal that is silent for long may still open the link: nothing else is tried then. Older portals choose
+/// the path of the request themselves, and tell it here.
 void LinkOpener::takeReply(const QString& url, const QString& request, const QDBusMessage& reply) {
-    if (reply.type() != QDBusMessage::ErrorMessage)
+    const auto given = reply.arguments().value(0).value<QDBusObjectPath>().path();
+    if (given == request)
         return;
-    forget(request);
+    const Failed failed = forget(request);
+    if (reply.type() != QDBusMessage::ErrorMessage) {
+        m_asked[given] = failed;
+        return;
+    }
     if (reply.errorName() == u"org.freedesktop.DBus.Error.NoReply"_qs)
-        fail(textKey("The desktop did not answer."));
+        fail(failed, textKey("The desktop did not answer."));
     else
-        startOpener(url);
+        startOpener(url, failed);
 }
 
 /// Zero is success, and one is a user who thought better of it.
 void LinkOpener::takeResponse(uint code, const QVariantMap& /*results*/, const QDBusMessage& message) {
-    forget(message.path());
+    const Failed failed = forget(message.path());
     if (code > 1)
-        fail(textKey("The desktop offers no way to open links."));
+        fail(failed, textKey("The desktop did not open this."));
 }
 
-void LinkOpener::heed(const QString& request) {
-    QDBusConnection(m_bus.connection())
-        .connect(portal, request, u"org.freedesktop.portal.Request"_qs, u"Response"_qs, this,
-                 SLOT(takeResponse(uint, QVariantMap, QDBusMessage)));
+/// Those to all requests, once for each connection: the path of one may become known only after its response
+/// was sent.
+void LinkOpener::heedResponses() {
+    QDBusConnection connection = m_bus.connection();
+    if (std::exchange(m_heeded, connection.name()) != connection.name())
+        connection.connect(portal, QString(), u"org.freedesktop.portal.Request"_qs, u"Response"_qs, this,
+                           SLOT(takeResponse(uint, QVariantMap, QDBusMessage)));
 }
 
-void LinkOpener::forget(const QString& request) {
-    QDBusConnection(m_bus.connection())
-        .disconnect(portal, request, u"org.freedesktop.portal.Request"_qs, u"Response"_qs, this,
-                    SLOT(takeResponse(uint, QVariantMap, QDBusMessage)));
+LinkOpener::Failed LinkOpener::forget(const QString& request) {
+    const auto asked = m_asked.extract(request);
+    return asked.empty() ? Failed() : asked.mapped();
 }
 
-void LinkOpener::startOpener(const QString& url) {
+void LinkOpener::startOpener(const QString& url, const Failed& failed) {
     if (!m_doors.startDetached(u"xdg-open"_qs, {url}))
-        fail(textKey("The desktop offers no way to open links."));
+        fail(failed, textKey("The desktop offers no way to open links."));
 }
 
-void LinkOpener::fail(const char* sentenceKey) {
-    Q_EMIT failed(QString::fromStdString(m_formats.translated(sentenceKey)));
+void LinkOpener::fail(const Failed& failed, const char* sentenceKey) const {
+    if (failed)
+        failed(QString::fromStdString(m_formats.translated(sentenceKey)));
 }
 
 } // namespace vantel

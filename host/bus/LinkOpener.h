@@ -9,14 +9,15 @@
 #include <QStringList>
 #include <QVariantMap>
 #include <functional>
+#include <map>
 
 namespace vantel {
 
 /// How links leave the program; the parts that a test puts its own in place of.
 struct LinkDoors {
-    /// Whether an application opens this system's links. Inside a sandbox nobody can tell: then the portal
+    /// Whether an application opens links of a scheme. Inside a sandbox nobody can tell: then the portal
     /// decides.
-    std::function<bool()> hasHandler;
+    std::function<bool(const QString& scheme)> hasHandler;
     /// Starts a program that goes on by itself. Whether it started.
     std::function<bool(const QString& program, const QStringList& arguments)> startDetached;
 
@@ -24,39 +25,38 @@ struct LinkDoors {
     static LinkDoors ofTheDesktop();
 };
 
-/// Opens this system's links in the application that handles them: through the desktop's portal, else with
-/// xdg-open. Never through a shell, and never any other link.
+/// Opens the links of one scheme in the application that handles them: through the desktop's portal, else
+/// with xdg-open. Never through a shell, and never any other link.
 class LinkOpener final : public QObject {
     Q_OBJECT
 
 public:
     /// `bus` and `formats` live longer.
-    LinkOpener(SessionBus& bus, const Formats& formats, LinkDoors doors = LinkDoors::ofTheDesktop(),
-               QObject* parent = nullptr);
+    LinkOpener(SessionBus& bus, const Formats& formats, std::string scheme,
+               LinkDoors doors = LinkDoors::ofTheDesktop(), QObject* parent = nullptr);
 
-    /// Returns at once. What goes wrong is told by `failed`, possibly inside this call.
-    void open(const Url& url);
+    /// Gets why a link was not opened, as a sentence for the user.
+    using Failed = std::function<void(const QString& sentence)>;
 
-Q_SIGNALS:
-    /// Why the last link was not opened, as a sentence for the user.
-    void failed(const QString& sentence);
+    /// Returns at once. What goes wrong is told at most once, possibly inside this call.
+    void open(const Url& url, Failed failed);
 
 private:
-    void askPortal(const QString& url);
+    void askPortal(const QString& url, Failed failed);
     void takeReply(const QString& url, const QString& request, const QDBusMessage& reply);
     Q_SLOT void takeResponse(uint code, const QVariantMap& results, const QDBusMessage& message);
-    void heed(const QString& request);
-    void forget(const QString& request);
-    void startOpener(const QString& url);
-    void fail(const char* sentenceKey);
+    void heedResponses();
+    Failed forget(const QString& request);
+    void startOpener(const QString& url, const Failed& failed);
+    void fail(const Failed& failed, const char* sentenceKey) const;
 
     SessionBus& m_bus;
     const Formats& m_formats;
+    std::string m_scheme;
     LinkDoors m_doors;
-    int m_requests = 0; ///< how many the portal was asked
+    int m_requests = 0;                ///< how many the portal was asked
+    QString m_heeded;                  ///< the connection on which responses are heard
+    std::map<QString, Failed> m_asked; ///< requests that the portal has not answered, by their paths
 };
-
-/// Whether a link is one of this system's.
-bool isOwnLink(const Url& url);
 
 } // namespace vantel

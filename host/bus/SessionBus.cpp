@@ -1,7 +1,6 @@
 #include "host/bus/SessionBus.h"
 
 #include <QAtomicInt>
-#include <algorithm>
 #include <utility>
 
 namespace vantel {
@@ -23,14 +22,29 @@ QString sessionBusAddress() {
     return QStringLiteral("unix:path=") + folder + QStringLiteral("/bus");
 }
 
+std::optional<std::string> busSocket(const QString& address) {
+    const QString prefix = QStringLiteral("unix:");
+    const QString key = QStringLiteral("path=");
+    for (const QString& each : address.split(u';')) {
+        if (!each.startsWith(prefix))
+            continue;
+        for (const QString& part : each.mid(prefix.size()).split(u','))
+            if (part.startsWith(key))
+                return QByteArray::fromPercentEncoding(part.mid(key.size()).toUtf8()).toStdString();
+    }
+    return std::nullopt;
+}
+
 SessionBus::SessionBus(QString address, std::chrono::milliseconds pause, QObject* parent)
     : QObject(parent)
     , m_address(std::move(address))
     , m_firstPause(pause)
     , m_connection(QString()) {
     m_retry.setSingleShot(true);
-    connect(&m_retry, &QTimer::timeout, this, &SessionBus::retry);
+    connect(&m_retry, &QTimer::timeout, this, &SessionBus::attempt);
     connectNow();
+    if (!isConnected())
+        await();
 }
 
 SessionBus::~SessionBus() {
@@ -41,26 +55,49 @@ void SessionBus::connectNow() {
     if (m_address.isEmpty())
         return;
     m_connection = QDBusConnection::connectToBus(m_address, freshName());
+    if (!isConnected())
+        return QDBusConnection::disconnectFromBus(m_connection.name());
     m_connection.connect(QString(), QStringLiteral("/org/freedesktop/DBus/Local"),
                          QStringLiteral("org.freedesktop.DBus.Local"), QStringLiteral("Disconnected"), this,
                          SLOT(handleLoss()));
 }
 
+void SessionBus::await() {
+    const auto socket = busSocket(m_address);
+    if (!socket)
+        return;
+    m_watch = std::make_unique<FileWatch>(*socket);
+    connect(m_watch.get(), &FileWatch::changed, this, &SessionBus::beginAttempts);
+}
+
 void SessionBus::handleLoss() {
-    if (m_retry.isActive())
+    if (isConnected())
         return;
     QDBusConnection::disconnectFromBus(m_connection.name());
+    await();
+    beginAttempts();
+}
+
+void SessionBus::beginAttempts() {
+    m_attemptsLeft = attempts;
     m_retry.start(m_firstPause);
 }
 
-void SessionBus::retry() {
-    connectNow();
-    if (m_connection.isConnected()) {
-        Q_EMIT reconnected();
+void SessionBus::attempt() {
+    if (--m_attemptsLeft > 0)
+        m_retry.start(m_retry.intervalAsDuration() * 4);
+    lookAgain();
+}
+
+void SessionBus::lookAgain() {
+    if (isConnected())
         return;
-    }
-    QDBusConnection::disconnectFromBus(m_connection.name());
-    m_retry.start(std::min(m_retry.intervalAsDuration() * 2, longestPause));
+    connectNow();
+    if (!isConnected())
+        return;
+    m_retry.stop();
+    m_watch.reset();
+    Q_EMIT reconnected();
 }
 
 } // namespace vantel

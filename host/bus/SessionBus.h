@@ -1,10 +1,15 @@
 #pragma once
 
+#include "host/schedule/FileWatch.h"
+
 #include <QDBusConnection>
 #include <QObject>
 #include <QString>
 #include <QTimer>
 #include <chrono>
+#include <memory>
+#include <optional>
+#include <string>
 
 namespace vantel {
 
@@ -12,17 +17,21 @@ namespace vantel {
 /// nowhere.
 QString sessionBusAddress();
 
+/// The socket file of a bus, the first one that its address names; absent where it has none, as an abstract
+/// socket or a port.
+std::optional<std::string> busSocket(const QString& address);
+
 /// The program's one connection to the session bus. There may be none: everything that needs it goes without.
 ///
-/// A connection that is lost is sought again after one second, then after pauses that double up to five
-/// minutes, until it is back. Where there was no bus at the start, nobody looks for one: a session has its
-/// bus from the beginning or not at all.
+/// A bus that is not there, or is lost, is awaited without any wake-up: its socket file is watched. Each time
+/// that changes, and when the bus is lost, some attempts are made within two seconds, since a bus makes the
+/// file before it listens. Where there is no file to watch, `lookAgain` is all that finds it.
 class SessionBus final : public QObject {
     Q_OBJECT
 
 public:
-    static constexpr std::chrono::milliseconds firstPause{1000};
-    static constexpr std::chrono::milliseconds longestPause{300'000};
+    static constexpr std::chrono::milliseconds firstPause{80};
+    static constexpr int attempts = 3; ///< each after a pause four times as long as the one before
 
     /// Connects at once, which takes the bus a millisecond. `pause` is the first pause before another
     /// attempt.
@@ -35,20 +44,27 @@ public:
     /// Changes with every connection: never keep it.
     const QDBusConnection& connection() const { return m_connection; }
 
+    /// For moments at which the program is awake anyway: tries to connect, where it is not.
+    void lookAgain();
+
 Q_SIGNALS:
-    /// The bus is back, under another connection, which knows nothing of the names, objects and matches of
-    /// the one before.
+    /// The bus is there, or back, under another connection, which knows nothing of the names, objects and
+    /// matches of the one before.
     void reconnected();
 
 private:
     Q_SLOT void handleLoss();
     void connectNow();
-    void retry();
+    void await();
+    void beginAttempts();
+    void attempt();
 
     QString m_address;
     std::chrono::milliseconds m_firstPause;
     QDBusConnection m_connection;
+    std::unique_ptr<FileWatch> m_watch; ///< while there is no bus
     QTimer m_retry;
+    int m_attemptsLeft = 0;
 };
 
 } // namespace vantel

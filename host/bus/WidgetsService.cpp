@@ -40,9 +40,7 @@ WidgetsService::~WidgetsService() {
 }
 
 WidgetsService::Start WidgetsService::start(const QString& activationToken) {
-    if (!m_bus.isConnected())
-        return Start::noBus;
-    const Start outcome = takeName();
+    const Start outcome = m_bus.isConnected() ? takeName() : Start::noBus;
     if (outcome == Start::alreadyRunning)
         activateOwner(activationToken);
     else

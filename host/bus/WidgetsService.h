@@ -29,8 +29,9 @@ public:
     explicit WidgetsService(SessionBus& bus, QObject* parent = nullptr);
     ~WidgetsService() override;
 
-    /// Takes the name, once. Later on it is taken again whenever the bus has come back; where another process
-    /// was faster, this one goes on without it. `activationToken` is the desktop's permission to come forward
+    /// Takes the name, once. Later on it is taken again whenever the bus has come, or come back; where
+    /// another process was faster, this one goes on without it. `activationToken` is the desktop's permission
+    /// to come forward
     /// (`XDG_ACTIVATION_TOKEN`), which is passed on to the running process.
     Start start(const QString& activationToken = {});
 

@@ -19,12 +19,20 @@ const Monitor* monitorAt(QPoint point, const std::vector<Monitor>& monitors) {
 /// Makes a card's place the placement's, as distances from a corner of its monitor.
 void settle(Placement& placement, const QRect& card, const Monitor& monitor, Corner corner) {
     placement.monitor = monitor.identity;
+    placement.frame = frameOf(monitor);
     placement.corner = corner;
     placement.margins = marginsFrom(corner, card, monitor.geometry);
 }
 
 void settle(Placement& placement, const QRect& card, const Monitor& monitor) {
     settle(placement, card, monitor, nearestCorner(card, monitor.geometry));
+}
+
+std::set<MonitorIdentity> identitiesOf(const std::vector<Monitor>& monitors) {
+    std::set<MonitorIdentity> identities;
+    for (const Monitor& monitor : monitors)
+        identities.insert(monitor.identity);
+    return identities;
 }
 
 bool liesOver(const QRect& card, const std::vector<QRect>& others) {
@@ -70,6 +78,24 @@ void Desk::placeFirst(const Monitor& monitor) {
     m_parts.store.save(m_placements);
 }
 
+const Monitor* Desk::monitorOf(const Placement& placement, const std::vector<Monitor>& monitors) const {
+    return vantel::monitorOf(placement, monitors, m_placements, m_seen);
+}
+
+/// A monitor on which the user arranges something is the monitor of all that is shown there. Otherwise those
+/// that are there in place of another one would go as soon as one belongs to it.
+void Desk::adopt(const Monitor& monitor, const std::vector<Monitor>& monitors) {
+    Placements adopted = m_placements;
+    for (Placement& placement : adopted) {
+        const Monitor* its = monitorOf(placement, monitors);
+        if (its == nullptr || its->identity != monitor.identity)
+            continue;
+        placement.monitor = monitor.identity;
+        placement.frame = frameOf(monitor);
+    }
+    m_placements = std::move(adopted);
+}
+
 Placement* Desk::find(const Uuid& id) {
     const auto found = std::ranges::find(m_placements, id, &Placement::id);
     return found != m_placements.end() ? &*found : nullptr;
@@ -98,6 +124,7 @@ void Desk::add(const std::string& kind, WidgetFamily family) {
     if (monitors.empty() || !isKnown(kind, family))
         return;
     const Monitor& monitor = monitors.front();
+    adopt(monitor, monitors);
     const QSize card = cardSize(family, m_scale).toSize();
     Placement placement{.id = m_parts.identifiers.next(), .kind = kind, .family = family};
     settle(placement, QRect(freeSpot(card, cardsOn(monitor, placement.id), monitor.available, m_scale), card),
@@ -122,8 +149,10 @@ void Desk::resize(const Uuid& id, WidgetFamily family) {
     placement->family = family;
     m_windows.erase(id);
     const auto monitors = m_parts.screens.monitors();
-    if (const Monitor* monitor = monitorOf(*placement, monitors, m_placements)) {
+    if (const Monitor* monitor = monitorOf(*placement, monitors)) {
         const QSize card = cardSize(family, m_scale).toSize();
+        adopt(*monitor, monitors);
+        placement = find(id);
         const std::vector<QRect> others = cardsOn(*monitor, id);
         if (liesOver(QRect(positionOf(*placement, card, monitor->geometry), card), others))
             settle(*placement, QRect(freeSpot(card, others, monitor->available, m_scale), card), *monitor);
@@ -156,9 +185,8 @@ PlacedWidgets Desk::placed() const {
     const auto monitors = m_parts.screens.monitors();
     PlacedWidgets placed;
     for (const Placement& placement : m_placements)
-        if (isKnown(placement.kind, placement.family) &&
-            monitorOf(placement, monitors, m_placements) != nullptr)
-            placed.insert({placement.kind, placement.family});
+        if (isKnown(placement.kind, placement.family) && monitorOf(placement, monitors) != nullptr)
+            placed.push_back({placement.kind, placement.family});
     return placed;
 }
 
@@ -174,6 +202,7 @@ void Desk::update() {
     const auto monitors = m_parts.screens.monitors();
     if (m_isFirstStart && !monitors.empty())
         placeFirst(monitors.front());
+    m_seen.insert(identitiesOf(monitors));
     // Whoever hears it can fetch what the cards are to show while their windows are made.
     announce();
     std::vector<QRect> shown;
@@ -181,21 +210,22 @@ void Desk::update() {
         updateWindow(placement, monitors, shown);
 }
 
-/// Where a placement is shown. Larger cards and smaller screens than those it was made for may not put it
-/// over another: then it is shown beside the others, and its own place stays remembered.
+/// Where a placement is shown. Larger cards, and smaller or other screens than those it was made for, may not
+/// put it over another: then it is shown beside the others, and its own place stays remembered.
 QPoint Desk::shownPosition(const Placement& placement, QSize card, const Monitor& monitor,
                            const std::vector<QRect>& shown) const {
     const QPoint position = positionOf(placement, card, monitor.geometry);
     const QRect place(position, card);
     const bool fits = marginsFrom(placement.corner, place, monitor.geometry) == placement.margins;
-    if ((fits && m_scale == 1) || !liesOver(place, shown))
+    const bool isHome = !isNameless(placement.monitor) || placement.monitor == monitor.identity;
+    if ((isHome && fits && m_scale == 1) || !liesOver(place, shown))
         return position;
     return freeSpot(card, shown, monitor.available, m_scale);
 }
 
 void Desk::updateWindow(const Placement& placement, const std::vector<Monitor>& monitors,
                         std::vector<QRect>& shown) {
-    const Monitor* monitor = monitorOf(placement, monitors, m_placements);
+    const Monitor* monitor = monitorOf(placement, monitors);
     if (monitor == nullptr || !isKnown(placement.kind, placement.family)) {
         m_windows.erase(placement.id);
         return;
@@ -252,6 +282,7 @@ void Desk::drop(const Uuid& id) {
     const Monitor* monitor = monitorAt(dropped.cardGeometry().center(), monitors);
     if (monitor == nullptr)
         return;
+    adopt(*monitor, monitors);
     settle(*find(id), dropped.cardGeometry(), *monitor);
     m_parts.store.save(m_placements);
     dropped.setCardScreen(monitor->screen);

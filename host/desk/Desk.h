@@ -2,21 +2,21 @@
 
 #include "host/WidgetKey.h"
 #include "host/desk/Arrangement.h"
-#include "host/desk/PlacementStore.h"
+#include "host/desk/PlacementSaver.h"
 #include "host/desk/Screens.h"
 #include "host/surface/CardWindow.h"
 
 #include <functional>
 #include <map>
 #include <memory>
-#include <set>
+#include <vector>
 
 namespace vantel {
 
 struct WidgetBundle;
 
-/// What stands on the desktop, each at least once.
-using PlacedWidgets = std::set<WidgetKey>;
+/// What stands on the desktop, one key for each widget, in the order in which they came.
+using PlacedWidgets = std::vector<WidgetKey>;
 
 /// What a desk works with. All of it outlives the desk.
 struct DeskParts {
@@ -24,7 +24,7 @@ struct DeskParts {
     const Formats& formats;
     WindowSystem& windows;
     Screens& screens;
-    PlacementStore& store;
+    PlacementSaver& store;
     UuidSource& identifiers;
 
     /// Makes the card of a placement, of its family's size at the current scale. The desk owns it, and
@@ -85,7 +85,9 @@ private:
 
     Placement* find(const Uuid& id);
     bool isKnown(const std::string& kind, WidgetFamily family) const;
+    const Monitor* monitorOf(const Placement& placement, const std::vector<Monitor>& monitors) const;
     void placeFirst(const Monitor& monitor);
+    void adopt(const Monitor& monitor, const std::vector<Monitor>& monitors);
     std::vector<QRect> cardsOn(const Monitor& monitor, const Uuid& without) const;
     void update();
     QPoint shownPosition(const Placement& placement, QSize card, const Monitor& monitor,
@@ -104,6 +106,7 @@ private:
     Placements m_placements;
     std::map<Uuid, Window> m_windows;
     PlacedWidgets m_announced;
+    MonitorSets m_seen;
     QPointer<CardWindow> m_lastFocused;
     bool m_isFirstStart = false;
 };

@@ -72,17 +72,20 @@ void GalleryTile::drawRing(const QColor& color) {
 }
 
 void GalleryTile::keyPressEvent(QKeyEvent* event) {
+    const int forward = isRightToLeft() ? Qt::Key_Left : Qt::Key_Right;
     switch (event->key()) {
     case Qt::Key_Return:
     case Qt::Key_Enter:
         return click();
-    case Qt::Key_Right:
     case Qt::Key_Down:
         focusNextChild();
         return;
-    case Qt::Key_Left:
     case Qt::Key_Up:
         focusPreviousChild();
+        return;
+    case Qt::Key_Right:
+    case Qt::Key_Left:
+        event->key() == forward ? focusNextChild() : focusPreviousChild();
         return;
     default:
         QAbstractButton::keyPressEvent(event);

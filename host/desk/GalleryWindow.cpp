@@ -6,6 +6,7 @@
 #include "host/surface/CardShadow.h"
 #include "host/surface/WidgetMenu.h"
 
+#include <QAccessible>
 #include <QEvent>
 #include <QKeyEvent>
 #include <QPainter>
@@ -71,16 +72,45 @@ GalleryWindow::GalleryWindow(const WidgetBundle& bundle, const Formats& formats,
     page->addLayout(makeHead());
     page->addLayout(makeSections(bundle, makePreview));
     page->addStretch();
+    layOut();
+    quieten();
+    resize(sizeHint());
+}
 
+void GalleryWindow::layOut() {
+    auto* all = new QVBoxLayout(this);
+    all->setContentsMargins(0, 0, 0, 0);
+    all->setSpacing(0);
+    all->addWidget(makeScrollArea());
+    m_foot = makeFoot();
+    all->addWidget(m_foot);
+    m_foot->hide();
+}
+
+QWidget* GalleryWindow::makeScrollArea() {
     auto* scroll = new QScrollArea;
     scroll->setFrameShape(QFrame::NoFrame);
     scroll->setWidgetResizable(true);
     scroll->setFocusPolicy(Qt::NoFocus);
     scroll->setWidget(m_content);
-    auto* all = new QVBoxLayout(this);
-    all->setContentsMargins(0, 0, 0, 0);
-    all->addWidget(scroll);
-    quieten();
+    return scroll;
+}
+
+QWidget* GalleryWindow::makeFoot() {
+    auto* foot = new QWidget;
+    auto* column = new QVBoxLayout(foot);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    auto* line = new QFrame;
+    line->setFrameShape(QFrame::HLine);
+    line->setFrameShadow(QFrame::Plain);
+    line->setForegroundRole(QPalette::Mid);
+    column->addWidget(line);
+    m_news = makeText({}, 13, QFont::DemiBold);
+    const int side = points(edgePoints);
+    m_news->setContentsMargins(side, points(12), side, points(12));
+    column->addWidget(m_news);
+    return foot;
 }
 
 QString GalleryWindow::translated(const std::string& key) const {
@@ -95,9 +125,8 @@ QLayout* GalleryWindow::makeHead() {
     auto* head = new QVBoxLayout;
     head->setSpacing(points(4));
     head->addWidget(makeText(windowTitle(), 22, QFont::Bold));
-    m_hint = makeQuietText(
-        QString::fromStdString(m_formats.translated("Choose one to put it on the desktop.")), 13);
-    head->addWidget(m_hint);
+    head->addWidget(makeQuietText(
+        QString::fromStdString(m_formats.translated("Choose one to put it on the desktop.")), 13));
     return head;
 }
 
@@ -165,6 +194,9 @@ QLabel* GalleryWindow::makeText(const QString& text, double size, int weight) {
     auto* label = new QLabel(text);
     label->setTextFormat(Qt::PlainText);
     label->setWordWrap(true);
+    // A label is aligned as its letters run, and a name of Latin letters would stand apart from its card.
+    label->setAlignment(Qt::AlignAbsolute | (isRightToLeft() ? Qt::AlignRight : Qt::AlignLeft) |
+                        Qt::AlignVCenter);
     const int room = GalleryTile::ringRoom(m_scale);
     label->setContentsMargins(room, 0, room, 0);
     QFont font = label->font();
@@ -191,15 +223,21 @@ void GalleryWindow::quieten() {
 
 void GalleryWindow::choose(const StaticConfiguration& configuration, WidgetFamily family) {
     const std::string name = m_formats.translated(configuration.displayName.c_str());
-    m_hint->setText(
+    m_news->setText(
         QString::fromStdString(filled(m_formats.translated("%s is now on the desktop."), {name})));
+    m_foot->show();
+    QAccessibleEvent alert(m_news, QAccessible::Alert);
+    QAccessible::updateAccessibility(&alert);
     Q_EMIT chosen(configuration.kind, family);
 }
 
+/// Wide enough that nothing has to be scrolled sideways, and not quite as high as the screen.
 QSize GalleryWindow::sizeHint() const {
-    const int scrollBar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+    const int scrollBar = style()->pixelMetric(QStyle::PM_ScrollBarExtent) +
+                          style()->pixelMetric(QStyle::PM_ScrollView_ScrollBarSpacing);
     const QSize wanted = m_content->sizeHint() + QSize(scrollBar, 0);
-    return wanted.boundedTo(screen()->availableSize() * largestShareOfScreen);
+    const QSize available = screen()->availableSize();
+    return wanted.boundedTo({available.width(), static_cast<int>(available.height() * largestShareOfScreen)});
 }
 
 void GalleryWindow::keyPressEvent(QKeyEvent* event) {

@@ -13,7 +13,8 @@ namespace vantel {
 class GalleryTile;
 
 /// Shows every widget that a bundle declares, with its name, its description and a preview in each of its
-/// sizes. A click or Enter on a preview chooses it; Tab and the arrow keys walk them; Escape closes.
+/// sizes. A click or Enter on a preview chooses it, which is said at the foot of the window, wherever the
+/// rest is scrolled to; Tab and the arrow keys walk them; Escape closes.
 class GalleryWindow final : public QWidget {
     Q_OBJECT
 
@@ -35,6 +36,9 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
+    void layOut();
+    QWidget* makeScrollArea();
+    QWidget* makeFoot();
     QLayout* makeHead();
     QLayout* makeSection(const StaticConfiguration& configuration, const MakePreview& makePreview);
     QLayout* makeTile(const StaticConfiguration& configuration, WidgetFamily family, QWidget* preview);
@@ -49,8 +53,9 @@ private:
     const Formats& m_formats;
     double m_scale;
     std::vector<QLabel*> m_quietTexts;
-    QLabel* m_hint = nullptr;
     QWidget* m_content;
+    QWidget* m_foot = nullptr;
+    QLabel* m_news = nullptr; ///< at the foot: what was put on the desktop last
 };
 
 } // namespace vantel

@@ -29,12 +29,23 @@ struct Margins {
     bool operator==(const Margins&) const = default;
 };
 
+/// Where a monitor was on the desktop, in logical pixels; all zeros where nobody has noted it.
+struct MonitorFrame {
+    int x = 0;
+    int y = 0;
+    int width = 0;
+    int height = 0;
+
+    bool operator==(const MonitorFrame&) const = default;
+};
+
 /// One widget on the desktop: which, how large and where. It belongs to one monitor and waits for it.
 struct Placement {
     Uuid id = {};
     std::string kind = {};
     WidgetFamily family = WidgetFamily::systemSmall;
     MonitorIdentity monitor = {};
+    MonitorFrame frame = {}; ///< of the monitor when the widget was put there
     Corner corner = Corner::topRight;
     Margins margins = {};
 

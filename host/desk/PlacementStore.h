@@ -14,7 +14,7 @@ namespace vantel {
 std::optional<FileURL> stateFolder();
 
 /// The file that remembers where the widgets stand: `placements.json` in a folder that is private to the
-/// user. Blocks for as long as the disk takes. The window thread's.
+/// user. Blocks for as long as the disk takes. For one thread at a time.
 class PlacementStore {
 public:
     /// Gets one sentence for people about what went wrong.

@@ -19,7 +19,7 @@ constexpr std::array<std::pair<Corner, std::string_view>, 4> cornerNames{
      {Corner::bottomRight, "bottomRight"}}};
 
 /// Beyond any screen, and far from the ends of an integer.
-constexpr std::int64_t largestMargin = 1'000'000;
+constexpr std::int64_t farthest = 1'000'000;
 
 std::string_view name(Corner corner) {
     return cornerNames[static_cast<std::size_t>(corner)].second;
@@ -37,8 +37,8 @@ std::optional<WidgetFamily> parseFamily(std::string_view text) {
     return family && vantel::name(*family) == text ? family : std::nullopt;
 }
 
-int margin(std::int64_t value) {
-    return static_cast<int>(std::clamp(value, -largestMargin, largestMargin));
+int length(JsonObjectReader& object, std::string_view key) {
+    return static_cast<int>(std::clamp(object.integer(key), -farthest, farthest));
 }
 
 MonitorIdentity decodeMonitor(JsonObjectReader& object) {
@@ -48,13 +48,21 @@ MonitorIdentity decodeMonitor(JsonObjectReader& object) {
             .name = object.text("name")};
 }
 
+MonitorFrame decodeFrame(JsonObjectReader& object) {
+    return {.x = length(object, "x"),
+            .y = length(object, "y"),
+            .width = length(object, "width"),
+            .height = length(object, "height")};
+}
+
 Placement decodePlacement(JsonObjectReader& object) {
     return {.id = object.parsedText("id", parseUuid, "not an identifier"),
             .kind = object.text("kind"),
             .family = object.parsedText("family", parseFamily, "not a known size"),
             .monitor = object.optionalObject("monitor", decodeMonitor).value_or(MonitorIdentity()),
+            .frame = object.optionalObject("frame", decodeFrame).value_or(MonitorFrame()),
             .corner = object.parsedText("corner", parseCorner, "not a corner"),
-            .margins = {margin(object.integer("horizontal")), margin(object.integer("vertical"))}};
+            .margins = {length(object, "horizontal"), length(object, "vertical")}};
 }
 
 Result<void> checkIdentifiers(const Placements& placements) {
@@ -75,6 +83,15 @@ void write(const MonitorIdentity& monitor, JsonWriter& writer) {
     writer.endObject();
 }
 
+void write(const MonitorFrame& frame, JsonWriter& writer) {
+    writer.beginObject();
+    writer.field("x", frame.x);
+    writer.field("y", frame.y);
+    writer.field("width", frame.width);
+    writer.field("height", frame.height);
+    writer.endObject();
+}
+
 void write(const Placement& placement, JsonWriter& writer) {
     writer.beginObject();
     writer.field("id", text(placement.id));
@@ -82,6 +99,10 @@ void write(const Placement& placement, JsonWriter& writer) {
     writer.field("family", vantel::name(placement.family));
     writer.key("monitor");
     write(placement.monitor, writer);
+    if (placement.frame != MonitorFrame()) {
+        writer.key("frame");
+        write(placement.frame, writer);
+    }
     writer.field("corner", name(placement.corner));
     writer.field("horizontal", placement.margins.horizontal);
     writer.field("vertical", placement.margins.vertical);

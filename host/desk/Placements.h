@@ -19,6 +19,7 @@ inline constexpr std::int64_t placementsVersion = 1;
 ///
 ///     {"version":1,"placements":[{"id":"E621E1F8-…","kind":"VantelFocusWidget","family":"systemMedium",
 ///      "monitor":{"manufacturer":"…","model":"…","serial":"…","name":"DP-1"},
+///      "frame":{"x":0,"y":0,"width":1920,"height":1080},
 ///      "corner":"topRight","horizontal":24,"vertical":52}]}
 using Placements = std::vector<Placement>;
 

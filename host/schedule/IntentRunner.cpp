@@ -44,10 +44,13 @@ void IntentRunner::run(const std::string& kind, const IntentCall& call) {
     const auto deliver = [this, kind, call](const std::optional<std::string>& reason) {
         finish({kind, call, reason ? failureSentence(call.name, *reason) : ""});
     };
-    press.worker.run([intent, call, surroundings = m_surroundings, deliver, to = m_mailbox.address()] {
-        const auto reason = intent ? performed(*intent, call, surroundings) : notDeclared(call);
-        to.post([deliver, reason] { deliver(reason); });
-    });
+    const bool isRunning =
+        press.worker.run([intent, call, surroundings = m_surroundings, deliver, to = m_mailbox.address()] {
+            const auto reason = intent ? performed(*intent, call, surroundings) : notDeclared(call);
+            to.post([deliver, reason] { deliver(reason); });
+        });
+    if (!isRunning)
+        m_mailbox.address().post([deliver] { deliver(noThreadReason); });
 }
 
 bool IntentRunner::isPending(const IntentCall& call) const {

@@ -31,10 +31,13 @@ TimelineRunner::TimelineRunner(QObject* parent)
 
 void TimelineRunner::ask(const StaticConfiguration& configuration, TimelineRequest request) {
     const auto deliver = [this](const TimelineAnswer& answer) { Q_EMIT answered(answer); };
-    m_workers[configuration.kind].run(
+    const bool isRunning = m_workers[configuration.kind].run(
         [configuration, request = std::move(request), deliver, to = m_mailbox.address()] {
             to.post([deliver, answer = timelines(configuration, request)] { deliver(answer); });
         });
+    if (!isRunning)
+        m_mailbox.address().post(
+            [deliver, kind = configuration.kind] { deliver({kind, std::unexpected(noThreadReason)}); });
 }
 
 } // namespace vantel

@@ -3,6 +3,7 @@
 #include <condition_variable>
 #include <deque>
 #include <mutex>
+#include <system_error>
 #include <thread>
 #include <utility>
 
@@ -33,6 +34,15 @@ struct Worker::State {
     }
 };
 
+bool Worker::start(const std::shared_ptr<State>& state) {
+    try {
+        std::thread([state] { state->runAll(); }).detach();
+        return true;
+    } catch (const std::system_error&) {
+        return false;
+    }
+}
+
 Worker::Worker()
     : m_state(std::make_shared<State>()) {}
 
@@ -41,11 +51,14 @@ Worker::~Worker() {
     m_state->jobs.clear();
 }
 
-void Worker::run(std::function<void()> job) {
+bool Worker::run(std::function<void()> job) {
     const std::scoped_lock lock(m_state->mutex);
     m_state->jobs.push_back(std::move(job));
-    if (!std::exchange(m_state->isRunning, true))
-        std::thread([state = m_state] { state->runAll(); }).detach();
+    if (!m_state->isRunning)
+        m_state->isRunning = start(m_state);
+    if (!m_state->isRunning)
+        m_state->jobs.clear();
+    return m_state->isRunning;
 }
 
 bool Worker::drain(std::chrono::milliseconds patience) {

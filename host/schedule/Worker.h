@@ -18,7 +18,9 @@ public:
     /// Lets go: jobs that have not begun are dropped, the one that runs ends by itself, nobody waits.
     ~Worker();
 
-    void run(std::function<void()> job);
+    /// Whether the job will run. It will not where the system gives no thread: then it is dropped, and
+    /// nothing else is waiting or running.
+    [[nodiscard]] bool run(std::function<void()> job);
 
     /// Waits until every job has ended, but no longer than `patience`. Whether they all have; if not, those
     /// that have not begun never will.
@@ -27,7 +29,12 @@ public:
 private:
     struct State;
 
+    static bool start(const std::shared_ptr<State>& state);
+
     std::shared_ptr<State> m_state;
 };
+
+/// Why a job did not run, as the reason in a sentence.
+inline constexpr const char* noThreadReason = "the system gives the program no thread for it";
 
 } // namespace vantel

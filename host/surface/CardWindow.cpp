@@ -128,6 +128,12 @@ void CardWindow::clearFocusOfCard() {
         focused->clearFocus();
 }
 
+/// While a menu is open, the toolkit does not notice that the keyboard goes to another program.
+void CardWindow::noticeLoss() {
+    if (!m_surface->hasKeyboard())
+        giveFocusBack();
+}
+
 void CardWindow::openMenu(QPoint position) {
     auto* menu = new QMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
@@ -135,6 +141,8 @@ void CardWindow::openMenu(QPoint position) {
                    {.family = [this](WidgetFamily family) { Q_EMIT familyChosen(family); },
                     .command = [this](MenuCommand command) { Q_EMIT commandChosen(command); }},
                    m_formats);
+    if (m_hasTakenFocus)
+        connect(menu, &QMenu::aboutToHide, this, &CardWindow::noticeLoss, Qt::QueuedConnection);
     menu->popup(mapToGlobal(position));
 }
 

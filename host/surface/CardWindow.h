@@ -74,6 +74,7 @@ private:
     void shapeCard();
     void showAgain();
     void showFocus();
+    void noticeLoss();
     void clearFocusOfCard();
 
     QWidget* m_card;

@@ -1,5 +1,6 @@
 #include "host/surface/PlainWindowSystem.h"
 
+#include <QGuiApplication>
 #include <QWidget>
 
 namespace vantel {
@@ -22,6 +23,7 @@ public:
     void hide() override { m_window.hide(); }
     void setCardShape(const QRegion&) override {}
     void takeFocus() override { m_window.activateWindow(); }
+    bool hasKeyboard() const override { return QGuiApplication::focusWindow() == m_window.windowHandle(); }
     void giveFocusBack() override { m_window.clearFocus(); }
 
 private:

@@ -28,6 +28,9 @@ public:
     /// Brings the window to the front and the keyboard to it, as the user asked for it.
     virtual void takeFocus() = 0;
 
+    /// Whether keys come to the window now; true where nobody can tell.
+    virtual bool hasKeyboard() const { return true; }
+
     /// Puts the window back to its place below the others, and the keyboard to where it was.
     virtual void giveFocusBack() = 0;
 };

@@ -101,6 +101,12 @@ xcb_window_t X11Connection::selectionOwner(std::string_view selection) const {
     return reply ? reply->owner : xcb_window_t{XCB_NONE};
 }
 
+xcb_window_t X11Connection::focusedWindow() const {
+    const auto cookie = xcb_get_input_focus(m_connection);
+    const auto reply = owned(xcb_get_input_focus_reply(m_connection, cookie, nullptr));
+    return reply ? reply->focus : xcb_window_t{XCB_NONE};
+}
+
 std::vector<std::uint8_t> X11Connection::bytes(xcb_window_t window, std::string_view property) const {
     const auto cookie = xcb_get_property(m_connection, 0, window, atom(property), XCB_GET_PROPERTY_TYPE_ANY,
                                          0, longestProperty);

@@ -53,6 +53,9 @@ public:
     /// Asks for the keyboard to go to a window, as the user wishes it.
     void activate(xcb_window_t window) const;
 
+    /// The window that keys go to, whoever listens in between; none if the server does not say.
+    xcb_window_t focusedWindow() const;
+
     /// Takes the keyboard from whichever window has it.
     void releaseKeyboard() const;
 

@@ -162,11 +162,15 @@ void X11Surface::activate() const {
         m_connection.activate(window());
 }
 
+bool X11Surface::hasKeyboard() const {
+    return m_connection.focusedWindow() == window();
+}
+
 void X11Surface::giveFocusBack() {
     setKeyboard(Keyboard::refused);
     changeState(StateChange::remove, "_NET_WM_STATE_ABOVE");
     standBelow();
-    if (m_widget.isActiveWindow())
+    if (hasKeyboard())
         m_system.restoreFocus();
     m_connection.flush();
 }

@@ -17,6 +17,7 @@ public:
     void hide() override;
     void setCardShape(const QRegion& shape) override;
     void takeFocus() override;
+    bool hasKeyboard() const override;
     void giveFocusBack() override;
 
 private:

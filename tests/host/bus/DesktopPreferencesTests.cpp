@@ -99,6 +99,18 @@ TEST(DesktopPreferences, TheTextScaleStaysInBoundsAndNonsenseIsOne) {
         EXPECT_EQ(after(textScaling, row.value).textScale, row.scale) << row.value.typeName();
 }
 
+TEST(CardScale, CountsTheScaleOfTextsOnce) {
+    struct Row {
+        double textScale;
+        double resolutionScale;
+        double expected;
+    };
+    for (const Row& row : {Row{1, 1, 1}, Row{1.5, 1, 1.5}, Row{1.5, 1.5, 1}, Row{2, 2, 1}, Row{1, 2, 1},
+                           Row{1.25, 2.5, 1}, Row{3, 2, 1.5}, Row{0.5, 1, 1}})
+        EXPECT_EQ(cardScale(row.textScale, row.resolutionScale), row.expected)
+            << row.textScale << " " << row.resolutionScale;
+}
+
 TEST(DesktopPreferences, OtherSettingsArePassedOver) {
     EXPECT_EQ(after({u"org.freedesktop.appearance"_qs, u"accent-color"_qs}, 1U), DesktopPreferences());
     EXPECT_EQ(after({u"org.gnome.desktop.interface"_qs, u"color-scheme"_qs}, 1U), DesktopPreferences());

@@ -16,15 +16,18 @@ const Url task{"vantel://task?id=a%26b"};
 
 class LinkOpenerTest : public ::testing::Test {
 protected:
-    LinkOpener& opener(SessionBus& bus) {
-        made.emplace(bus, formats,
-                     LinkDoors{[this] { return hasHandler; },
+    void use(SessionBus& bus) {
+        made.emplace(bus, formats, "vantel",
+                     LinkDoors{[this](const QString&) { return hasHandler; },
                                [this](const QString& program, const QStringList& arguments) {
                                    started.append((QStringList{program} + arguments).join(u'|'));
                                    return canStart;
                                }});
-        QObject::connect(&*made, &LinkOpener::failed, [this](const QString& each) { failures.append(each); });
-        return *made;
+    }
+
+    /// Opens a link, and notes what goes wrong.
+    void open(const Url& url) {
+        made->open(url, [this](const QString& sentence) { failures.append(sentence); });
     }
 
     PlainFormats formats;
@@ -44,7 +47,8 @@ protected:
 
 TEST_F(LinkOpenerOnABusTest, ThePortalOpensTheLink) {
     MockPortal portal(privateBus);
-    opener(bus).open(task);
+    use(bus);
+    open(task);
     ASSERT_TRUE(waitUntil([&portal] { return !portal.calls.isEmpty(); }));
     EXPECT_EQ(portal.calls, QStringList{u"OpenURI vantel://task?id=a%26b"_qs});
     serveEvents();
@@ -54,40 +58,85 @@ TEST_F(LinkOpenerOnABusTest, ThePortalOpensTheLink) {
 
 TEST_F(LinkOpenerOnABusTest, OnlyAPortalThatFailsIsSaidOnceForEachLink) {
     MockPortal portal(privateBus);
-    opener(bus);
+    use(bus);
     for (const uint code : {0U, 1U, 2U, 0U, 2U}) { // success, a user who thought better of it, failure
         portal.response = code;
         const qsizetype before = portal.calls.size();
-        made->open(task);
+        open(task);
         ASSERT_TRUE(waitUntil([&] { return portal.calls.size() > before; }));
     }
     ASSERT_TRUE(waitUntil([this] { return failures.size() >= 2; }));
-    EXPECT_EQ(failures, QStringList(2, u"The desktop offers no way to open links."_qs));
+    EXPECT_EQ(failures, QStringList(2, u"The desktop did not open this."_qs));
     EXPECT_TRUE(started.isEmpty());
 }
 
+TEST_F(LinkOpenerOnABusTest, APortalMayChooseThePathsOfRequestsItself) {
+    MockPortal portal(privateBus);
+    portal.heedsTokens = false;
+    use(bus);
+    for (const uint code : {2U, 0U, 1U, 2U}) {
+        portal.response = code;
+        const qsizetype before = portal.calls.size();
+        open(task);
+        ASSERT_TRUE(waitUntil([&] { return portal.calls.size() > before; }));
+    }
+    ASSERT_TRUE(waitUntil([this] { return failures.size() >= 2; }));
+    serveEvents();
+    EXPECT_EQ(failures, QStringList(2, u"The desktop did not open this."_qs));
+}
+
+TEST_F(LinkOpenerOnABusTest, AnotherConnectionHearsResponsesToo) {
+    use(bus);
+    for (int round = 1; round <= 2; ++round) {
+        MockPortal portal(privateBus);
+        portal.response = 2U;
+        open(task);
+        ASSERT_TRUE(waitUntil([&] { return failures.size() == round; }));
+        privateBus.stop();
+        ASSERT_TRUE(waitUntil([this] { return !bus.isConnected(); }));
+        privateBus.start();
+        ASSERT_TRUE(waitUntil([this] { return bus.isConnected(); }));
+    }
+}
+
+TEST_F(LinkOpenerOnABusTest, EachFailureIsToldToWhoAskedForThatLink) {
+    MockPortal portal(privateBus);
+    use(bus);
+    QStringList told;
+    for (const char* who : {"first", "second", "third"})
+        made->open(task, [&told, who](const QString&) { told.append(QString::fromLatin1(who)); });
+    ASSERT_TRUE(waitUntil([&portal] { return portal.calls.size() == 3; }));
+    portal.respondTo(1, 2);
+    portal.respondTo(0, 0);
+    portal.respondTo(2, 2);
+    ASSERT_TRUE(waitUntil([&told] { return told.size() == 2; }));
+    EXPECT_EQ(told, (QStringList{u"second"_qs, u"third"_qs}));
+}
+
 TEST_F(LinkOpenerOnABusTest, APortalThatCannotOrIsNotThereLeavesItToXdgOpen) {
-    opener(bus).open(task);
+    use(bus);
+    open(task);
     ASSERT_TRUE(waitUntil([this] { return started.size() == 1; }));
     MockPortal portal(privateBus);
     portal.answersLinks = false;
-    made->open(task);
+    open(task);
     ASSERT_TRUE(waitUntil([this] { return started.size() == 2; }));
     EXPECT_EQ(started.last(), u"xdg-open|vantel://task?id=a%26b"_qs);
     EXPECT_TRUE(failures.isEmpty());
 }
 
 TEST_F(LinkOpenerTest, WithoutABusXdgOpenGetsTheLinkAsOneArgument) {
-    opener(noBus).open(task);
+    use(noBus);
+    open(task);
     EXPECT_EQ(started, QStringList{u"xdg-open|vantel://task?id=a%26b"_qs});
 }
 
 TEST_F(LinkOpenerTest, OnlyLinksOfThisSystemLeaveIt) {
-    LinkOpener& links = opener(noBus);
+    use(noBus);
     for (const char* other : {"https://example.org", "file:///etc/passwd", "vantelx://task", "VANTEL2:x",
                               "vantel", "", "javascript:vantel://", " vantel://task"}) {
         failures.clear();
-        links.open(Url{other});
+        open(Url{other});
         EXPECT_EQ(failures, QStringList{u"This link leads somewhere else and was not opened."_qs}) << other;
     }
     EXPECT_TRUE(started.isEmpty());
@@ -95,14 +144,16 @@ TEST_F(LinkOpenerTest, OnlyLinksOfThisSystemLeaveIt) {
 
 TEST_F(LinkOpenerTest, WithoutAnApplicationNothingIsStartedAndASentenceSaysWhy) {
     hasHandler = false;
-    opener(noBus).open(task);
+    use(noBus);
+    open(task);
     EXPECT_EQ(failures, QStringList{u"No application is installed that opens this."_qs});
     EXPECT_TRUE(started.isEmpty());
 }
 
 TEST_F(LinkOpenerTest, ADesktopWithoutXdgOpenIsSaidInASentence) {
     canStart = false;
-    opener(noBus).open(task);
+    use(noBus);
+    open(task);
     EXPECT_EQ(failures, QStringList{u"The desktop offers no way to open links."_qs});
 }
 

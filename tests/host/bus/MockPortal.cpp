@@ -19,13 +19,6 @@ QString wordsOf(const QDBusMessage& message) {
     return words.join(u' ');
 }
 
-/// The path of the request that a message opens.
-QString requestPath(const QDBusMessage& message) {
-    const auto options = qdbus_cast<QVariantMap>(message.arguments().value(2));
-    return portalPath + u"/request/"_qs + message.service().mid(1).replace(u'.', u'_') + u'/' +
-           options.value(u"handle_token"_qs).toString();
-}
-
 QVariant wrapped(const QVariant& value) {
     return QVariant::fromValue(QDBusVariant(value));
 }
@@ -54,16 +47,27 @@ void MockPortal::sendChange(const QVariantList& arguments) {
 bool MockPortal::handleMessage(const QDBusMessage& message, const QDBusConnection& connection) {
     calls.append(wordsOf(message));
     connection.send(answer(message));
+    if (message.member() == u"OpenURI"_qs)
+        m_requests.append(message);
     if (response && message.member() == u"OpenURI"_qs)
-        respond(message, connection);
+        respondTo(static_cast<int>(m_requests.size()) - 1, *response);
     return true;
 }
 
-void MockPortal::respond(const QDBusMessage& message, const QDBusConnection& connection) const {
+void MockPortal::respondTo(int request, uint code) const {
+    const QDBusMessage& message = m_requests.at(request);
     QDBusMessage signal = QDBusMessage::createTargetedSignal(
         message.service(), requestPath(message), u"org.freedesktop.portal.Request"_qs, u"Response"_qs);
-    signal << *response << QVariantMap();
-    connection.send(signal);
+    signal << code << QVariantMap();
+    m_peer.connection.send(signal);
+}
+
+/// The path of the request that a message opens.
+QString MockPortal::requestPath(const QDBusMessage& message) const {
+    const auto options = qdbus_cast<QVariantMap>(message.arguments().value(2));
+    const QString token = options.value(u"handle_token"_qs).toString();
+    const QString asker = message.service().mid(1).replace(u'.', u'_');
+    return portalPath + u"/request/"_qs + (heedsTokens ? asker + u'/' + token : u"own"_qs + token);
 }
 
 QDBusMessage MockPortal::answer(const QDBusMessage& message) const {

@@ -19,8 +19,12 @@ public:
     QMap<QString, QVariant> settings;
     bool hasReadOne = true;
     bool answersLinks = true;
+    bool heedsTokens = true;      ///< else it chooses the paths of requests itself, as older ones do
     std::optional<uint> response; ///< follows the reply to OpenURI
     QStringList calls;            ///< "ReadOne namespace key", "OpenURI url", in their order
+
+    /// Answers a request to open a link, counted from 0, in addition to `response`.
+    void respondTo(int request, uint code) const;
 
     /// Tells everybody of a setting.
     void change(const QString& space, const QString& key, const QVariant& value);
@@ -32,11 +36,12 @@ public:
     QString introspect(const QString&) const override { return {}; }
 
 private:
-    void respond(const QDBusMessage& message, const QDBusConnection& connection) const;
+    QString requestPath(const QDBusMessage& message) const;
     QDBusMessage answer(const QDBusMessage& message) const;
     QDBusMessage setting(const QDBusMessage& message) const;
 
     BusPeer m_peer;
+    QList<QDBusMessage> m_requests; ///< to open a link
 };
 
 } // namespace vantel::testing

@@ -14,6 +14,7 @@ namespace {
 constexpr const char* configuration = R"(<busconfig>
 <type>session</type>
 <listen>unix:path=%1</listen>
+<listen>unix:abstract=%1</listen>
 <auth>EXTERNAL</auth>
 <policy context="default">
 <allow send_destination="*" eavesdrop="true"/>
@@ -39,6 +40,10 @@ PrivateBus::PrivateBus(Names names) {
 
 QString PrivateBus::address() const {
     return u"unix:path="_qs + QString::fromStdString(m_folder / "socket");
+}
+
+QString PrivateBus::abstractAddress() const {
+    return u"unix:abstract="_qs + QString::fromStdString(m_folder / "socket");
 }
 
 void PrivateBus::stop() {

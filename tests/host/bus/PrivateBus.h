@@ -18,7 +18,9 @@ public:
     PrivateBus(const PrivateBus&) = delete;
     PrivateBus& operator=(const PrivateBus&) = delete;
 
+    /// By which it can be reached: a socket that is a file, or one that has only a name.
     QString address() const;
+    QString abstractAddress() const;
 
     /// The bus dies, and begins again at the same address.
     void stop();

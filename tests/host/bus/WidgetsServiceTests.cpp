@@ -156,6 +156,18 @@ TEST_F(WidgetsServiceTest, TheNameIsTakenAgainWhenTheBusHasComeBack) {
     EXPECT_EQ(heard, std::vector<std::string>{"gallery"});
 }
 
+TEST(WidgetsServiceWithoutBus, TakesTheNameOnceThereIsOne) {
+    PrivateBus privateBus;
+    privateBus.stop();
+    SessionBus bus(privateBus.address(), 1ms);
+    WidgetsService service(bus);
+    EXPECT_EQ(service.start(), WidgetsService::Start::noBus);
+    privateBus.start();
+    ASSERT_TRUE(waitUntil([&bus] { return bus.isConnected(); }));
+    const BusPeer peer(privateBus);
+    EXPECT_TRUE(waitUntil([&peer] { return peer.seesService(); }));
+}
+
 TEST(WidgetsServiceWithoutBus, GoesOnWithout) {
     const ScratchFolder folder;
     for (const QString& address :

@@ -59,13 +59,14 @@ struct DeskTest : ::testing::Test {
     PlainWindowSystem windows;
     FakeScreens screens;
     MemoryFileSystem files;
-    PlacementStore store{"/state", files, [](const std::string&) {}};
+    PlacementSaver store{"/state", files, [](const std::string&) {}};
     SequentialUuids identifiers;
     double scale = 1;
     std::unique_ptr<Desk> desk;
     std::vector<PlacedWidgets> announced;
 
     DeskTest() { screens.set({laptop}); }
+    ~DeskTest() override { EXPECT_TRUE(store.drain(std::chrono::seconds(10))); }
 
     void start() {
         desk.reset();
@@ -78,6 +79,17 @@ struct DeskTest : ::testing::Test {
         desk->start();
     }
 
+    void save(const Placements& placements) {
+        store.save(placements);
+        ASSERT_TRUE(store.drain(std::chrono::seconds(10)));
+    }
+
+    /// What is on the disk once everything is written.
+    std::optional<Placements> saved() {
+        EXPECT_TRUE(store.drain(std::chrono::seconds(10)));
+        return store.load();
+    }
+
     QWidget* card(const Placement& placement) const {
         auto* widget = new QWidget;
         widget->setFixedSize(cardSize(placement.family, scale).toSize());
@@ -86,7 +98,7 @@ struct DeskTest : ::testing::Test {
 
     /// Starts with one widget, as if it had been left there.
     void startWith(const Placement& placement) {
-        store.save({placement});
+        save({placement});
         start();
     }
 
@@ -114,7 +126,7 @@ TEST_F(DeskTest, AFirstStartShowsEveryKindAndRemembersIt) {
     start();
     EXPECT_THAT(cards(),
                 ElementsAre(QRect(978, 52, 364, 170), QRect(978, 246, 364, 170), QRect(1172, 440, 170, 170)));
-    EXPECT_EQ(store.load(), desk->placements());
+    EXPECT_EQ(saved(), desk->placements());
     EXPECT_THAT(announced, ElementsAre(PlacedWidgets{{"A", medium}, {"B", medium}, {"C", small}}));
 }
 
@@ -142,7 +154,7 @@ TEST_F(DeskTest, AnotherStartShowsThemWhereTheyWere) {
 }
 
 TEST_F(DeskTest, WhoRemovedAllWidgetsStartsWithNone) {
-    store.save({});
+    save({});
     start();
     EXPECT_THAT(cards(), IsEmpty());
 }
@@ -151,8 +163,15 @@ TEST_F(DeskTest, TwoOfOneKindStandSideBySide) {
     startWith(widgetA());
     desk->add("A", small);
     EXPECT_THAT(cards(), ElementsAre(QRect(1172, 52, 170, 170), QRect(1172, 246, 170, 170)));
-    EXPECT_THAT(announced, ElementsAre(PlacedWidgets{{"A", small}}));
-    EXPECT_EQ(store.load(), desk->placements());
+    EXPECT_EQ(saved(), desk->placements());
+}
+
+TEST_F(DeskTest, EachOfTwoOfOneKindIsTold) {
+    startWith(widgetA());
+    desk->add("A", small);
+    desk->remove(widgetA().id);
+    const WidgetKey key{"A", small};
+    EXPECT_THAT(announced, ElementsAre(PlacedWidgets{key}, PlacedWidgets{key, key}, PlacedWidgets{key}));
 }
 
 TEST_F(DeskTest, WhatTheBundleDoesNotDeclareIsNotAdded) {
@@ -165,17 +184,18 @@ TEST_F(DeskTest, WhatTheBundleDoesNotDeclareIsNotAdded) {
 TEST_F(DeskTest, WhatTheBundleNoLongerDeclaresIsKeptButNotShown) {
     Placement unknown = widgetA();
     unknown.kind = "Former";
+    unknown.frame = frameOf(laptop);
     startWith(unknown);
     EXPECT_THAT(cards(), IsEmpty());
     desk->add("A", small);
-    EXPECT_EQ(store.load()->front(), unknown);
+    EXPECT_EQ(saved()->front(), unknown);
 }
 
 TEST_F(DeskTest, ARemovedWidgetIsGoneForGood) {
     startWith(widgetA());
     desk->remove(widgetA().id);
     EXPECT_THAT(cards(), IsEmpty());
-    EXPECT_EQ(store.load(), Placements());
+    EXPECT_EQ(saved(), Placements());
     EXPECT_THAT(announced, ElementsAre(PlacedWidgets{{"A", small}}, PlacedWidgets{}));
 }
 
@@ -183,14 +203,14 @@ TEST_F(DeskTest, AnotherSizeKeepsTheCorner) {
     startWith(widgetA());
     desk->resize(widgetA().id, medium);
     EXPECT_EQ(cardOf(widgetA().id), QRect(978, 52, 364, 170));
-    EXPECT_EQ(store.load()->front().family, medium);
+    EXPECT_EQ(saved()->front().family, medium);
 }
 
 TEST_F(DeskTest, AnotherSizeThatWouldLieOverANeighbourGoesToAFreeSpot) {
     Placement left = widgetA();
     left.id.bytes[0] = 1;
     left.margins.horizontal = 218;
-    store.save({widgetA(), left});
+    save({widgetA(), left});
     start();
     desk->resize(widgetA().id, medium);
     EXPECT_EQ(cardOf(widgetA().id), QRect(978, 246, 364, 170));
@@ -199,7 +219,7 @@ TEST_F(DeskTest, AnotherSizeThatWouldLieOverANeighbourGoesToAFreeSpot) {
 TEST_F(DeskTest, ASizeThatAKindDoesNotDeclareChangesNothing) {
     startWith(widgetA());
     desk->resize(widgetA().id, WidgetFamily::systemLarge);
-    EXPECT_EQ(store.load()->front(), widgetA());
+    EXPECT_EQ(saved()->front(), widgetA());
 }
 
 TEST_F(DeskTest, AWidgetWaitsForItsMonitorAndReturnsWithIt) {
@@ -217,6 +237,87 @@ TEST_F(DeskTest, AWidgetWaitsForItsMonitorAndReturnsWithIt) {
     EXPECT_THAT(desk->placements(), ElementsAre(placement));
     const PlacedWidgets one{{"A", small}};
     EXPECT_THAT(announced, ElementsAre(one, PlacedWidgets{}, one));
+}
+
+/// A monitor that says nothing of itself.
+Monitor nameless(const char* name, const QRect& geometry) {
+    return {{"", "", "", name}, geometry, geometry, nullptr};
+}
+
+const QRect builtIn(0, 0, 1366, 768);
+const QRect beside(1366, 0, 1920, 1080);
+
+TEST_F(DeskTest, WidgetsOfANamelessMonitorComeAndGoWithDocking) {
+    const Monitor own = nameless("A-1", builtIn);
+    const Monitor docked = nameless("A-2", beside);
+    screens.set({own, docked});
+    Placement onDocked = widgetA();
+    onDocked.monitor = docked.identity;
+    onDocked.frame = frameOf(docked);
+    startWith(onDocked);
+    struct Step {
+        const char* title;
+        std::vector<Monitor> connected;
+        std::vector<QRect> cards;
+    };
+    const QRect there(3092, 52, 170, 170);
+    const QRect alone(1172, 52, 170, 170);
+    const Step steps[] = {
+        {"docked", {own, docked}, {there}},
+        {"undocked: it waits", {own}, {}},
+        {"docked at another connector", {own, nameless("A-3", beside)}, {there}},
+        {"and with another resolution: nobody can know", {own, nameless("A-3", {1366, 0, 800, 600})}, {}},
+        {"back where it was", {own, docked}, {there}},
+        {"the dock takes over as the only one", {nameless("B-1", builtIn)}, {alone}},
+        {"which others were seen beside", {nameless("B-1", builtIn), docked}, {there}},
+        {"and undocked again", {nameless("B-1", builtIn)}, {}},
+    };
+    for (const Step& step : steps) {
+        screens.set(step.connected);
+        EXPECT_EQ(cards(), step.cards) << step.title;
+    }
+    EXPECT_THAT(desk->placements(), ElementsAre(onDocked));
+}
+
+TEST_F(DeskTest, WidgetsOfARenamedMonitorStayTogetherWhenOneIsMoved) {
+    screens.set({nameless("A-1", builtIn)});
+    start();
+    const std::vector<QRect> before = cards();
+    const Monitor renamed = nameless("B-1", builtIn);
+    screens.set({renamed});
+    EXPECT_EQ(cards(), before);
+    CardWindow& window = *desk->window(desk->placements()[0].id);
+    Q_EMIT window.dragged(QPoint(30, 60));
+    Q_EMIT window.dropped();
+    screens.set({});
+    screens.set({renamed});
+    EXPECT_THAT(cards(), SizeIs(before.size()));
+    desk->add("A", small);
+    screens.set({});
+    screens.set({renamed});
+    EXPECT_THAT(cards(), SizeIs(before.size() + 1));
+    EXPECT_EQ(saved(), desk->placements());
+}
+
+bool anyOverlap(const std::vector<QRect>& cards) {
+    for (std::size_t i = 0; i < cards.size(); ++i)
+        for (std::size_t j = i + 1; j < cards.size(); ++j)
+            if (cards[i].intersects(cards[j]))
+                return true;
+    return false;
+}
+
+TEST_F(DeskTest, WidgetsOfTwoMonitorsThatBecameOneStandBesideEachOther) {
+    Placement other = widgetA();
+    other.id.bytes[0] = 1;
+    other.monitor = nameless("A-2", beside).identity;
+    Placement one = widgetA();
+    one.monitor = nameless("A-1", builtIn).identity;
+    save({one, other});
+    screens.set({nameless("B-1", builtIn)});
+    start();
+    EXPECT_THAT(cards(), SizeIs(2));
+    EXPECT_FALSE(anyOverlap(cards()));
 }
 
 TEST_F(DeskTest, AnotherResolutionKeepsTheCornerAndRewritesNothing) {
@@ -238,10 +339,10 @@ TEST_F(DeskTest, ADragSnapsAndIsSavedAtItsEnd) {
     CardWindow& window = *desk->window(widgetA().id);
     Q_EMIT window.dragged(QPoint(30, 60));
     EXPECT_EQ(window.cardGeometry().topLeft(), QPoint(24, 52));
-    EXPECT_THAT(store.load()->front(), widgetA());
+    EXPECT_THAT(saved()->front(), widgetA());
     Q_EMIT window.dropped();
-    EXPECT_EQ(store.load()->front().corner, Corner::topLeft);
-    EXPECT_EQ(store.load()->front().margins, (Margins{24, 52}));
+    EXPECT_EQ(saved()->front().corner, Corner::topLeft);
+    EXPECT_EQ(saved()->front().margins, (Margins{24, 52}));
 }
 
 TEST_F(DeskTest, ADragToAnotherMonitorMakesTheWidgetThatMonitors) {
@@ -250,9 +351,9 @@ TEST_F(DeskTest, ADragToAnotherMonitorMakesTheWidgetThatMonitors) {
     CardWindow& window = *desk->window(widgetA().id);
     Q_EMIT window.dragged(QPoint(1400, 30));
     Q_EMIT window.dropped();
-    EXPECT_EQ(store.load()->front().monitor, external.identity);
-    EXPECT_EQ(store.load()->front().corner, Corner::topLeft);
-    EXPECT_EQ(store.load()->front().margins, (Margins{24, 24}));
+    EXPECT_EQ(saved()->front().monitor, external.identity);
+    EXPECT_EQ(saved()->front().corner, Corner::topLeft);
+    EXPECT_EQ(saved()->front().margins, (Margins{24, 24}));
 }
 
 TEST_F(DeskTest, ADragBeyondAllScreensStaysOnItsOwn) {
@@ -270,14 +371,6 @@ TEST_F(DeskTest, AScaleMovesCardsByTheirCorner) {
     EXPECT_EQ(cardOf(widgetA().id), QRect(1087, 52, 255, 255));
 }
 
-bool anyOverlap(const std::vector<QRect>& cards) {
-    for (std::size_t i = 0; i < cards.size(); ++i)
-        for (std::size_t j = i + 1; j < cards.size(); ++j)
-            if (cards[i].intersects(cards[j]))
-                return true;
-    return false;
-}
-
 TEST_F(DeskTest, GrownCardsDoNotCoverEachOtherAndTheirPlacesStayRemembered) {
     screens.set({external});
     start();
@@ -289,7 +382,7 @@ TEST_F(DeskTest, GrownCardsDoNotCoverEachOtherAndTheirPlacesStayRemembered) {
     for (const QRect& card : cards())
         EXPECT_TRUE(external.geometry.contains(card));
     EXPECT_EQ(desk->placements(), before);
-    EXPECT_EQ(store.load(), before);
+    EXPECT_EQ(saved(), before);
 }
 
 TEST_F(DeskTest, CardsThatASmallScreenPushesTogetherStandBesideEachOther) {
@@ -334,7 +427,7 @@ TEST_F(DeskTest, TheKeyboardGoesFromWidgetToWidget) {
 }
 
 TEST_F(DeskTest, WithoutWidgetsTheKeyboardStaysWhereItIs) {
-    store.save({});
+    save({});
     start();
     desk->focusWidgets();
     EXPECT_THAT(cards(), IsEmpty());

@@ -6,6 +6,8 @@
 #include <QCoreApplication>
 #include <QKeyEvent>
 #include <QPushButton>
+#include <QScrollArea>
+#include <QScrollBar>
 
 #include <gmock/gmock.h>
 
@@ -74,7 +76,7 @@ struct GalleryWindowTest : ::testing::Test {
 TEST_F(GalleryWindowTest, ShowsNamesDescriptionsAndSizesAsPlainText) {
     EXPECT_THAT(texts(), ElementsAre("Add widgets", "Choose one to put it on the desktop.", "Focus",
                                      "What is <b>due</b>", "Small", "Medium", "Triage", "What is <b>due</b>",
-                                     "Small"));
+                                     "Small", ""));
     for (const QLabel* label : gallery.findChildren<QLabel*>())
         EXPECT_EQ(label->textFormat(), Qt::PlainText);
 }
@@ -89,7 +91,22 @@ TEST_F(GalleryWindowTest, HasOneButtonForEachSizeWithANameThatSaysIt) {
 TEST_F(GalleryWindowTest, AClickChooses) {
     tiles()[1]->click();
     EXPECT_THAT(chosen, ElementsAre(std::pair(std::string("A"), medium)));
-    EXPECT_EQ(texts()[1], "Focus is now on the desktop.");
+}
+
+TEST_F(GalleryWindowTest, WhatWasChosenIsSaidBelowWhatScrolls) {
+    gallery.findChild<QScrollArea*>()->verticalScrollBar()->setValue(10'000);
+    tiles()[2]->click();
+    const auto labels = gallery.findChildren<QLabel*>();
+    const auto said = std::ranges::find(labels, u"Triage is now on the desktop."_qs, &QLabel::text);
+    ASSERT_NE(said, labels.end());
+    QCoreApplication::processEvents();
+    EXPECT_TRUE((*said)->isVisible());
+    EXPECT_EQ((*said)->visibleRegion().boundingRect(), (*said)->rect());
+    EXPECT_FALSE(gallery.findChild<QScrollArea*>()->isAncestorOf(*said));
+}
+
+TEST_F(GalleryWindowTest, NothingHasToBeScrolledSideways) {
+    EXPECT_FALSE(gallery.findChild<QScrollArea*>()->horizontalScrollBar()->isVisible());
 }
 
 TEST_F(GalleryWindowTest, EnterAndSpaceChoose) {
@@ -109,6 +126,22 @@ TEST_F(GalleryWindowTest, TheKeyboardWalksTheTilesAndNothingInThem) {
     EXPECT_EQ(gallery.focusWidget(), tiles()[0]);
     press(gallery.focusWidget(), Qt::Key_Left);
     EXPECT_EQ(gallery.focusWidget(), tiles()[2]);
+}
+
+TEST_F(GalleryWindowTest, ArrowsGoWhereTheyPointInEitherDirection) {
+    struct Row {
+        Qt::LayoutDirection direction;
+        Qt::Key key;
+        int reached; ///< from the second of three tiles
+    };
+    for (const Row& row : {Row{Qt::LeftToRight, Qt::Key_Right, 2}, Row{Qt::LeftToRight, Qt::Key_Left, 0},
+                           Row{Qt::RightToLeft, Qt::Key_Right, 0}, Row{Qt::RightToLeft, Qt::Key_Left, 2},
+                           Row{Qt::RightToLeft, Qt::Key_Down, 2}, Row{Qt::RightToLeft, Qt::Key_Up, 0}}) {
+        gallery.setLayoutDirection(row.direction);
+        tiles()[1]->setFocus();
+        press(tiles()[1], row.key);
+        EXPECT_EQ(gallery.focusWidget(), tiles()[row.reached]) << row.direction << " " << row.key;
+    }
 }
 
 TEST_F(GalleryWindowTest, TheFocusIsSeen) {

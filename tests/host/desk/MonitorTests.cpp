@@ -30,7 +30,7 @@ std::optional<MonitorIdentity> found(const MonitorCase& row) {
     Placements all{Placement{.monitor = row.wanted}};
     for (const MonitorIdentity& identity : row.otherPlacements)
         all.push_back(Placement{.monitor = identity});
-    const Monitor* monitor = monitorOf(all.front(), monitors, all);
+    const Monitor* monitor = monitorOf(all.front(), monitors, all, {});
     return monitor != nullptr ? std::optional(monitor->identity) : std::nullopt;
 }
 
@@ -45,10 +45,38 @@ TEST(MonitorOf, FindsTheMonitorThatIsMeant) {
         {"a twin does not stand in for one that is away", twinRight, {twinLeft}, {twinLeft}, std::nullopt},
         {"no serial, moved", twinRight, {twinLeft}, {laptop}, twinLeft},
         {"only a name", nameOnly, {nameOnly}, {}, nameOnly},
-        {"only another name", nameOnly, {otherName}, {}, std::nullopt},
+        {"only another name", nameOnly, {otherName}, {}, otherName},
+        {"only another name that others belong to", nameOnly, {otherName}, {otherName}, std::nullopt},
+        {"only one that is no nameless one", nameOnly, {laptop}, {}, std::nullopt},
+        {"not the only one", nameOnly, {laptop, otherName}, {}, std::nullopt},
+        {"a named one does not come back as a nameless one", external, {otherName}, {}, std::nullopt},
     };
     for (const MonitorCase& row : cases)
         EXPECT_EQ(found(row), row.expected) << row.title;
+}
+
+Monitor nameless(const char* name, const QRect& geometry) {
+    return {{"", "", "", name}, geometry, geometry};
+}
+
+TEST(MonitorOf, ANamelessOneIsKnownByItsFrame) {
+    const QRect left(0, 0, 1920, 1080);
+    const QRect right(1920, 0, 1920, 1080);
+    const std::vector<Monitor> renamed{nameless("B-1", left), nameless("B-2", right)};
+    for (const auto& [frame, name] : {std::pair(left, "B-1"), std::pair(right, "B-2")}) {
+        const Monitor before = nameless("A", frame);
+        const Placements all{Placement{.monitor = before.identity, .frame = frameOf(before)}};
+        const Monitor* found = monitorOf(all.front(), renamed, all, {});
+        ASSERT_NE(found, nullptr) << name;
+        EXPECT_EQ(found->identity.name, name);
+    }
+}
+
+TEST(MonitorOf, ANamelessOneIsNotMistakenForOneThatItWasSeenBeside) {
+    const Placements all{Placement{.monitor = nameOnly}};
+    const std::vector<Monitor> left{{otherName, QRect(0, 0, 800, 600), {}}};
+    EXPECT_EQ(monitorOf(all.front(), left, all, {{nameOnly, otherName}}), nullptr);
+    EXPECT_NE(monitorOf(all.front(), left, all, {{nameOnly, laptop}, {otherName, laptop}}), nullptr);
 }
 
 } // namespace

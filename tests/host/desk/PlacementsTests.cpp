@@ -44,6 +44,16 @@ TEST(Placements, OfAMonitorThatSaysNothingKeepItsEmptyIdentity) {
     EXPECT_EQ(read->front().monitor, MonitorIdentity());
 }
 
+TEST(Placements, RememberTheFrameOfTheirMonitorWhereItIsKnown) {
+    Placement placement = onePlacement();
+    placement.frame = {-1920, 0, 1920, 1080};
+    const std::string written = writePlacements({placement}).value();
+    EXPECT_NE(written.find(R"("frame":{"x":-1920,"y":0,"width":1920,"height":1080},"corner")"),
+              std::string::npos)
+        << written;
+    EXPECT_EQ(parsePlacements(written), Placements{placement});
+}
+
 TEST(Placements, BeyondAnyScreenAreBroughtIntoReach) {
     const auto read = parsePlacements(replaced(oneWidget, ":24", ":9000000000"));
     ASSERT_TRUE(read);

@@ -1,8 +1,9 @@
 #!/usr/bin/env python3
 """Uses the widgets as a user would, on a desktop of their own.
 
-    check-desktop.py WIDGETS VANTELCTL SCENARIO    exit 1 with a sentence when the scenario does not come true, and
-                                                   77 when this machine does not let it be tried
+    check-desktop.py WIDGETS VANTELCTL SCENARIO [--long]
+        exit 1 with a sentence when the scenario does not come true, and 77 when this machine does not let it be tried;
+        some scenarios last longer and do more in the long form, and print their figures
 """
 import pathlib
 import signal
@@ -92,6 +93,38 @@ def escape_gives_the_keyboard_away(desktop):
     expect(desktop.journal() == [], "a key completed a task after Escape")
 
 
+def open_menu(desktop, x, y):
+    windows = desktop.window_count()
+    desktop.click(x, y, button=3)
+    wait_for(lambda: desktop.window_count() > windows, "the menu")
+    desktop.wait_until_still()
+
+
+def a_closed_menu_leaves_no_ring(desktop):
+    desktop.write_snapshot(dict(desktop.placeholder(), events=[]))  # so that nothing counts down
+    desktop.start_widgets()
+    area = desktop.card(FOCUS)
+    left, top, _, _ = area
+    bare = desktop.picture(*area)
+    for place in ((left + 40, top + 130), (left + CIRCLE, top + FIRST_ROW)):
+        open_menu(desktop, *place)
+        desktop.press_keys("Down", "Escape")
+        desktop.wait_until_still()
+        expect(desktop.picture(*area) == bare, "a ring is left by a menu")
+    desktop.focus_widgets()
+    wait_for(lambda: desktop.picture(*area) != bare, "a ring")
+    desktop.wait_until_still()
+    ringed = desktop.picture(*area)
+    open_menu(desktop, left + 40, top + 130)
+    desktop.press_keys("Escape")
+    wait_for(lambda: desktop.picture(*area) == ringed, "the ring after the menu")
+    open_menu(desktop, left + 40, top + 130)
+    desktop.start("xev", "-geometry", "200x200+20+400")
+    wait_for(lambda: desktop.focused("Event Tester"), "the keyboard in another window")
+    desktop.press_keys("Escape")
+    wait_for(lambda: desktop.picture(*area) == bare, "no ring on a card that the keyboard has left")
+
+
 def a_reload_over_the_bus_shows_the_new_snapshot(desktop):
     snapshot = desktop.placeholder()
     desktop.write_snapshot(snapshot)
@@ -119,6 +152,15 @@ def a_dragged_widget_stays_where_it_was_dropped(desktop):
     desktop.start_widgets()
     expect(desktop.card(TRIAGE) == moved, "it stands elsewhere after a restart")
     wait_for(lambda: desktop.picture() == picture, "the same screen as before the restart")
+
+
+def two_widgets_of_one_kind_are_told_as_two(desktop):
+    desktop.write_snapshot(desktop.placeholder())
+    desktop.place((TRIAGE, "systemSmall"), (FOCUS, "systemSmall"), (TRIAGE, "systemSmall"), (NEXT_UP, "systemSmall"))
+    desktop.start_widgets()
+    expect(desktop.ask("CurrentConfigurations") == [(TRIAGE, "systemSmall"), (FOCUS, "systemSmall"),
+                                                    (TRIAGE, "systemSmall"), (NEXT_UP, "systemSmall")],
+           f"the bus tells of {desktop.ask('CurrentConfigurations')}")
 
 
 def a_second_start_leaves_the_first_one_alone(desktop):
@@ -165,6 +207,18 @@ def without_an_application_for_a_link_the_widget_says_so(desktop):
     wait_for(lambda: desktop.picture(left, top + 120, width, height - 120) != before, "a notice on the card")
 
 
+def only_the_clicked_one_of_two_widgets_says_what_went_wrong(desktop):
+    desktop.write_snapshot(desktop.placeholder())
+    desktop.place((TRIAGE, "systemSmall"), (FOCUS, "systemSmall"), (TRIAGE, "systemSmall"), (NEXT_UP, "systemSmall"))
+    desktop.start_widgets()
+    first, _, second, _ = (desktop.area(each) for each in desktop.placements())
+    before, untouched = desktop.picture(*second), desktop.picture(*first)
+    desktop.click(second[0] + 100, second[1] + 100)
+    wait_for(lambda: desktop.picture(*second) != before, "a notice on the clicked card")
+    desktop.wait_until_still()
+    expect(desktop.picture(*first) == untouched, "the other card of the kind says it too")
+
+
 def a_meeting_that_starts_is_shown_at_once(desktop):
     snapshot = desktop.placeholder()
     desktop.write_snapshot(snapshot)
@@ -185,12 +239,37 @@ def a_meeting_that_starts_is_shown_at_once(desktop):
     expect(late >= 0, f"it came {-late} seconds too early")
 
 
+def a_stopped_process_with_the_lock_stops_nobody(desktop):
+    desktop.write_snapshot(desktop.placeholder())
+    desktop.start_widgets()
+    holder = desktop.hold_lock()
+    holder.send_signal(signal.SIGSTOP)
+    left, top, _, _ = desktop.card(FOCUS)
+    first, second = row(desktop, 0, 4), row(desktop, 1, 4)
+    desktop.click(left + CIRCLE, top + FIRST_ROW)
+    wait_for(lambda: row(desktop, 0, 4) != first, "the pressed row drawn pending")
+    windows, slowest, end = desktop.window_count(), 0.0, time.monotonic() + (60 if desktop.is_long else 3)
+    while time.monotonic() < end:
+        desktop.ask("ReloadAllTimelines")
+        begin = time.monotonic()
+        desktop.click(left + 40, top + 130, button=3)
+        wait_for(lambda: desktop.window_count() > windows, "the menu")
+        slowest = max(slowest, time.monotonic() - begin)
+        desktop.press_keys("Escape")
+        wait_for(lambda: desktop.window_count() == windows, "no menu")
+        time.sleep(0.5)
+    expect(not desktop.snapshot()["tasks"][0].get("completedAt"), "the snapshot was written beside the lock")
+    desktop.figure(f"the slowest menu after {slowest:.2f} s")
+    holder.kill()
+    wait_for(lambda: desktop.snapshot()["tasks"][0].get("completedAt"), "the stamp in the snapshot")
+    wait_for(lambda: row(desktop, 0, 3) == second, "the second task in the first row")
+    expect([each["todoID"] for each in desktop.journal()] == ["demo-1"], f"the journal has {desktop.journal()}")
+
+
 def a_lock_that_is_never_freed_stops_nobody(desktop):
     desktop.write_snapshot(desktop.placeholder())
     process = desktop.start_widgets()
-    holder = desktop.start("flock", str(desktop.container / "widget-snapshot.lock"), "sleep", "600")
-    wait_for(lambda: subprocess.run(["flock", "--nonblock", str(desktop.container / "widget-snapshot.lock"), "true"],
-                                    check=False).returncode == 1, "a held lock")
+    holder = desktop.hold_lock()
     left, top, _, _ = desktop.card(FOCUS)
     first = row(desktop, 0, 4)
     desktop.click(left + CIRCLE, top + FIRST_ROW)
@@ -302,6 +381,46 @@ def a_dark_desktop_darkens_the_cards_at_once(desktop):
         wait_for(lambda: is_dark() == now_dark, "a dark card" if now_dark else "a light card")
 
 
+def expect_cards_twice_as_large(desktop, margin=48):
+    """With so many pixels from the edges of the screen."""
+    desktop.write_snapshot(desktop.placeholder())
+    desktop.place((FOCUS, "systemSmall"))
+    desktop.start_widgets(cards=1)
+    width = height = 2 * 170
+    left, top = desktop.width - margin - width, margin
+    middle, centre = top + height // 2, left + width // 2
+    inside = [(left + 3, middle), (left + width - 4, middle), (centre, top + 3), (centre, top + height - 4)]
+    outside = [(left - 3, middle), (left + width + 2, middle), (centre, top - 3), (centre, top + height + 2)]
+
+    def is_card(place):
+        return desktop.picture(*place, 1, 1) != bytes(3)
+    wait_for(lambda: all(map(is_card, inside)) and not any(map(is_card, outside)), "a card of 340 by 340 pixels")
+    rows = [desktop.picture(left, top + y, width, 1) for y in range(60, 100)]
+    expect(any(rows[y] != rows[y + 1] for y in range(0, 40, 2)) and any(rows[y] != rows[y + 1] for y in range(1, 39, 2)),
+           "pixels are doubled")
+
+
+def cards_are_twice_as_large_where_the_program_is_asked_to(desktop):
+    desktop.environment["QT_SCALE_FACTOR"] = "2"
+    expect_cards_twice_as_large(desktop)
+
+
+def cards_are_twice_as_large_at_twice_the_resolution(desktop):
+    desktop.set_resolution(192)
+    expect_cards_twice_as_large(desktop)
+
+
+def the_scale_of_texts_counts_once_where_the_resolution_has_it(desktop):
+    SettingsPortal(desktop).text_scale = 2.0
+    desktop.set_resolution(192)
+    expect_cards_twice_as_large(desktop)
+
+
+def the_scale_of_texts_enlarges_cards(desktop):
+    SettingsPortal(desktop).text_scale = 2.0
+    expect_cards_twice_as_large(desktop, margin=24)
+
+
 def floods_of_reloads_and_themes_leave_the_memory_flat(desktop):
     portal = SettingsPortal(desktop)
     desktop.write_snapshot(desktop.placeholder())
@@ -310,13 +429,17 @@ def floods_of_reloads_and_themes_leave_the_memory_flat(desktop):
     def flood(reloads, themes):
         for _ in range(reloads):
             desktop.ask("ReloadAllTimelines")
+            if desktop.is_long:
+                time.sleep(0.1)  # those that come faster are one
         for number in range(themes):
             portal.darken(number % 2 == 0)
             desktop.ask("CurrentConfigurations")
         desktop.wait_until_still()
         return desktop.memory(process)
     before = flood(500, 50)
-    after = flood(2000, 200)
+    reloads, themes = (10000, 1000) if desktop.is_long else (2000, 200)
+    after = flood(reloads, themes)
+    desktop.figure(f"{reloads} reloads and {themes} changes of the theme: {before} bytes became {after}")
     expect(after - before < 6_000_000, f"{before} bytes became {after}")
 
 
@@ -355,9 +478,11 @@ def another_zone_is_shown_at_once(desktop):
 
 
 def main():
-    widgets, vantelctl, scenario = sys.argv[1:]
+    is_long = sys.argv[-1] == "--long"
+    widgets, vantelctl, scenario = sys.argv[1:4]
     try:
         with Desktop(str(pathlib.Path(widgets).resolve()), str(pathlib.Path(vantelctl).resolve())) as desktop:
+            desktop.is_long = is_long
             globals()[scenario](desktop)
     except Failed as failure:
         sys.exit(f"{scenario}: {failure}")

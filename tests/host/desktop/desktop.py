@@ -37,6 +37,7 @@ def expect(condition, what):
 
 class Desktop:
     width, height = 1366, 768
+    is_long = False  # whether a scenario takes its time
 
     def __init__(self, widgets, vantelctl):
         self.widgets, self.vantelctl = widgets, vantelctl
@@ -94,6 +95,11 @@ class Desktop:
         self.processes.append(process)
         return process
 
+    def figure(self, text):
+        """Prints what was measured, where there was time to."""
+        if self.is_long:
+            print(text)
+
     def output(self, *words, **options):
         return subprocess.run(words, env=self.environment, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL,
                               check=False, text=True, **options).stdout
@@ -130,11 +136,20 @@ class Desktop:
         file = self.state / "placements.json"
         return json.loads(file.read_text())["placements"] if file.exists() else []
 
-    def start_widgets(self, *launcher):
-        """Returns once the four cards are drawn and nothing on the screen moves any more."""
+    def place(self, *widgets):
+        """Leaves widgets, each a kind and a family, on the desktop from the top right corner down."""
+        self.state.mkdir(exist_ok=True)
+        documents = [{"id": f"00000000-0000-4000-8000-{number:012}", "kind": kind, "family": family,
+                      "corner": "topRight", "horizontal": 24, "vertical": 24 + 194 * number,
+                      "monitor": {"manufacturer": "", "model": "", "serial": "", "name": "screen"}}
+                     for number, (kind, family) in enumerate(widgets)]
+        (self.state / "placements.json").write_text(json.dumps({"version": 1, "placements": documents}))
+
+    def start_widgets(self, *launcher, cards=4):
+        """Returns once all cards are drawn and nothing on the screen moves any more."""
         process = self.start(*launcher, self.widgets)
-        wait_for(lambda: len(self.placements()) == 4, "four placements")
-        wait_for(lambda: all(self.is_drawn(each) for each in self.placements()), "four drawn cards")
+        wait_for(lambda: len(self.placements()) == cards, f"{cards} placements")
+        wait_for(lambda: all(self.is_drawn(each) for each in self.placements()), f"{cards} drawn cards")
         self.wait_until_still()
         return process
 
@@ -148,6 +163,14 @@ class Desktop:
         """The bytes that a process keeps in memory."""
         pages = pathlib.Path(f"/proc/{process.pid}/statm").read_text().split()[1]
         return int(pages) * os.sysconf("SC_PAGE_SIZE")
+
+    def hold_lock(self):
+        """Starts a process that takes the lock of the snapshot and keeps it."""
+        lock = str(self.container / "widget-snapshot.lock")
+        holder = self.start("flock", "--no-fork", lock, "sleep", "600")
+        wait_for(lambda: subprocess.run(["flock", "--nonblock", lock, "true"], check=False).returncode == 1,
+                 "a held lock")
+        return holder
 
     # ---- the screen
 
@@ -170,6 +193,11 @@ class Desktop:
 
     def is_drawn(self, placement):
         return len(set(self.picture(*self.area(placement)))) > 20
+
+    def set_resolution(self, dots_per_inch):
+        """Says the resolution for texts, as desktops do."""
+        self.run("xprop", "-root", "-f", "RESOURCE_MANAGER", "8s", "-set", "RESOURCE_MANAGER",
+                 f"Xft.dpi:\t{dots_per_inch}\n")
 
     def wait_until_still(self):
         before = [self.picture()]

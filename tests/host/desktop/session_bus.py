@@ -24,6 +24,8 @@ class SettingsPortal:
     """Tells whether the desktop is dark, as the portals do."""
     name, path = "org.freedesktop.portal.Desktop", "/org/freedesktop/portal/desktop"
     interface, space, key = "org.freedesktop.portal.Settings", "org.freedesktop.appearance", "color-scheme"
+    text_scale_setting = "org.gnome.desktop.interface", "text-scaling-factor"
+    text_scale = None
     declaration = """<node><interface name='org.freedesktop.portal.Settings'>
         <method name='ReadOne'>
             <arg type='s' direction='in'/><arg type='s' direction='in'/><arg type='v' direction='out'/>
@@ -46,6 +48,8 @@ class SettingsPortal:
     def answer(self, _bus, _sender, _path, _interface, _method, arguments, invocation):
         if arguments.unpack() == (self.space, self.key):
             invocation.return_value(GLib.Variant("(v)", (self.scheme(),)))
+        elif self.text_scale and arguments.unpack() == self.text_scale_setting:
+            invocation.return_value(GLib.Variant("(v)", (GLib.Variant("d", self.text_scale),)))
         else:
             invocation.return_dbus_error("org.freedesktop.portal.Error.NotFound", "no such setting")
 

@@ -3,6 +3,7 @@
 #include "tests/fakes/FakeFormats.h"
 #include "tests/fakes/SequentialUuids.h"
 #include "tests/host/schedule/Gate.h"
+#include "tests/host/schedule/NoThreads.h"
 #include "tests/host/schedule/WindowThread.h"
 
 #include <gtest/gtest.h>
@@ -113,6 +114,22 @@ TEST_F(IntentRunnerTest, AFailureIsSaidInASentence) {
     EXPECT_EQ(outcomeOf(call("Fatal", "a")).failure, "“Complete task” did not work: The count overflows.");
     EXPECT_EQ(outcomeOf(call("Unknown", "a")).failure, "“Unknown” did not work: no widget declares Unknown.");
     EXPECT_FALSE(outcomeOf(call("Unknown", "a")).hasSucceeded());
+}
+
+TEST_F(IntentRunnerTest, APressThatGetsNoThreadFailsInASentenceAndCanBeRepeated) {
+    {
+        const NoThreads none;
+        runner->run("One", call("Complete", "a"));
+    }
+    EXPECT_TRUE(outcomes.empty());
+    EXPECT_TRUE(runner->isPending(call("Complete", "a")));
+    ASSERT_TRUE(waitUntil([this] { return outcomes.size() == 1; }));
+    EXPECT_EQ(outcomes[0].failure,
+              "“Complete task” did not work: the system gives the program no thread for it.");
+    runner->run("One", call("Complete", "a"));
+    ASSERT_TRUE(waitUntil([this] { return outcomes.size() == 2; }));
+    EXPECT_TRUE(outcomes[1].hasSucceeded());
+    EXPECT_EQ(done(), std::vector<std::string>{"a"});
 }
 
 TEST_F(IntentRunnerTest, DrainingHandsOutTheOutcomesOfAllThatEnded) {

@@ -1,4 +1,5 @@
 #include "host/schedule/TimelineRunner.h"
+#include "tests/host/schedule/NoThreads.h"
 #include "tests/host/schedule/StubWidgets.h"
 #include "tests/host/schedule/WindowThread.h"
 
@@ -66,6 +67,20 @@ TEST_F(TimelineRunnerTest, AFatalErrorOfTheProviderComesBackAsItsSentence) {
     ASSERT_TRUE(waitUntil([this] { return !answers.empty(); }));
     ASSERT_FALSE(answers[0].timelines);
     EXPECT_EQ(answers[0].timelines.error(), "The count overflows.");
+}
+
+TEST_F(TimelineRunnerTest, ARequestThatGetsNoThreadIsAnsweredLaterAndTheNextOneIsServed) {
+    {
+        const NoThreads none;
+        runner->ask(stubWidget("One", plan), both);
+    }
+    EXPECT_TRUE(answers.empty());
+    ASSERT_TRUE(waitUntil([this] { return answers.size() == 1; }));
+    ASSERT_FALSE(answers[0].timelines);
+    EXPECT_EQ(answers[0].timelines.error(), noThreadReason);
+    runner->ask(stubWidget("One", plan), both);
+    ASSERT_TRUE(waitUntil([this] { return answers.size() == 2; }));
+    EXPECT_TRUE(answers[1].timelines);
 }
 
 TEST(Timelines, AnyOtherExceptionOfAProviderIsContainedToo) {

@@ -2,6 +2,9 @@
 #include "platform/Clock.h"
 #include "tests/host/schedule/WindowThread.h"
 
+#include <cerrno>
+#include <cstring>
+#include <ctime>
 #include <limits>
 
 #include <gtest/gtest.h>
@@ -74,6 +77,58 @@ TEST_F(WakeTimerTest, AMomentThatIsTakenBackOrFarAwayIsNotReached) {
         serveEvents();
         EXPECT_EQ(reached, 0);
     }
+}
+
+/// Sets the machine's clock to the time that it shows, which for timers is a step like any other. Why that is
+/// not possible; empty where it was.
+std::string stepClock() {
+    timespec now{};
+    if (::clock_gettime(CLOCK_REALTIME, &now) == 0 && ::clock_settime(CLOCK_REALTIME, &now) == 0)
+        return {};
+    return std::string("the clock cannot be set here: ") + std::strerror(errno);
+}
+
+class ClockStepTest : public WakeTimerTest {
+protected:
+    ClockStepTest() {
+        QObject::connect(&timer, &Alarm::clockStepped, [this] { ++steps; });
+    }
+
+    void SetUp() override {
+        if (const std::string why = stepClock(); !why.empty())
+            GTEST_SKIP() << why;
+        ASSERT_TRUE(waitUntil([this] { return steps == 1; })) << "nothing was set, and the step is not heard";
+        steps = 0;
+    }
+
+    int steps = 0;
+};
+
+TEST_F(ClockStepTest, IsHeardOnceAndTakesBackTheMoment) {
+    for (int round = 1; round <= 3; ++round) {
+        timer.wakeAt(clock.now() + Seconds(3600));
+        ASSERT_EQ(stepClock(), "");
+        ASSERT_TRUE(waitUntil([&] { return steps == round; }));
+        serveEvents();
+        EXPECT_EQ(steps, round);
+    }
+    EXPECT_EQ(reached, 0);
+}
+
+TEST_F(ClockStepTest, LeavesATimerThatCanBeSetAgain) {
+    timer.wakeAt(clock.now() + Seconds(3600));
+    ASSERT_EQ(stepClock(), "");
+    ASSERT_TRUE(waitUntil([this] { return steps == 1; }));
+    timer.wakeAt(clock.now() + Seconds(0.02));
+    EXPECT_TRUE(waitUntil([this] { return reached == 1; }));
+}
+
+TEST_F(ClockStepTest, IsHeardAlsoWhereTheTimerIsSetBeforeAnybodyLooked) {
+    timer.wakeAt(clock.now() + Seconds(3600));
+    ASSERT_EQ(stepClock(), "");
+    timer.wakeAt(clock.now() + Seconds(7200));
+    EXPECT_EQ(steps, 0);
+    EXPECT_TRUE(waitUntil([this] { return steps > 0; }));
 }
 
 } // namespace

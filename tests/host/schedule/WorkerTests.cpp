@@ -1,6 +1,7 @@
 #include "host/schedule/Mailbox.h"
 #include "host/schedule/Worker.h"
 #include "tests/host/schedule/Gate.h"
+#include "tests/host/schedule/NoThreads.h"
 #include "tests/host/schedule/WindowThread.h"
 
 #include <gtest/gtest.h>
@@ -17,7 +18,7 @@ TEST(Worker, RunsJobsInTheirOrderAndOneAtATime) {
     std::vector<int> order;
     Worker worker;
     for (int number = 0; number < 100; ++number)
-        worker.run([&order, number] { order.push_back(number); });
+        ASSERT_TRUE(worker.run([&order, number] { order.push_back(number); }));
     ASSERT_TRUE(worker.drain(patience));
     ASSERT_EQ(order.size(), 100U);
     EXPECT_TRUE(std::ranges::is_sorted(order));
@@ -27,7 +28,7 @@ TEST(Worker, RunsAgainAfterItWasIdle) {
     int runs = 0;
     Worker worker;
     for (int round = 1; round <= 3; ++round) {
-        worker.run([&runs] { ++runs; });
+        ASSERT_TRUE(worker.run([&runs] { ++runs; }));
         ASSERT_TRUE(worker.drain(patience));
         EXPECT_EQ(runs, round);
     }
@@ -42,8 +43,8 @@ TEST(Worker, ABlockedJobEndsTheWaitAndThoseBehindItAreDropped) {
     Gate gate;
     std::atomic<bool> hasRun = false;
     Worker worker;
-    worker.run([gate] { gate.wait(); });
-    worker.run([&hasRun] { hasRun = true; });
+    ASSERT_TRUE(worker.run([gate] { gate.wait(); }));
+    ASSERT_TRUE(worker.run([&hasRun] { hasRun = true; }));
     EXPECT_FALSE(worker.drain(1ms));
     gate.open();
     EXPECT_TRUE(worker.drain(patience));
@@ -56,11 +57,11 @@ TEST(Worker, ItsEndWaitsForNoBlockedJob) {
     const auto ended = std::make_shared<std::atomic<bool>>(false);
     {
         Worker worker;
-        worker.run([gate, begun, ended] {
+        ASSERT_TRUE(worker.run([gate, begun, ended] {
             *begun = true;
             gate.wait();
             *ended = true;
-        });
+        }));
         ASSERT_TRUE(waitUntil([&begun] { return begun->load(); }));
     }
     EXPECT_FALSE(*ended);
@@ -68,14 +69,41 @@ TEST(Worker, ItsEndWaitsForNoBlockedJob) {
     EXPECT_TRUE(waitUntil([&ended] { return ended->load(); }));
 }
 
+TEST(Worker, WithoutAThreadDropsTheJobAndRunsLaterOnes) {
+    bool hasRun = false;
+    Worker worker;
+    {
+        const NoThreads none;
+        EXPECT_FALSE(worker.run([&hasRun] { hasRun = true; }));
+        EXPECT_TRUE(worker.drain(0ms));
+    }
+    EXPECT_TRUE(worker.run([] {}));
+    EXPECT_TRUE(worker.drain(patience));
+    EXPECT_FALSE(hasRun);
+}
+
+TEST(Worker, AThreadThatRunsTakesJobsWithoutAnother) {
+    Gate gate;
+    bool hasRun = false;
+    Worker worker;
+    EXPECT_TRUE(worker.run([gate] { gate.wait(); }));
+    {
+        const NoThreads none;
+        EXPECT_TRUE(worker.run([&hasRun] { hasRun = true; }));
+    }
+    gate.open();
+    EXPECT_TRUE(worker.drain(patience));
+    EXPECT_TRUE(hasRun);
+}
+
 TEST(Mailbox, DeliversOnTheThreadOfItsReceiver) {
     QObject receiver;
     const Mailbox mailbox(&receiver);
     QThread* deliveredOn = nullptr;
     Worker worker;
-    worker.run([to = mailbox.address(), &deliveredOn] {
+    ASSERT_TRUE(worker.run([to = mailbox.address(), &deliveredOn] {
         to.post([&deliveredOn] { deliveredOn = QThread::currentThread(); });
-    });
+    }));
     ASSERT_TRUE(waitUntil([&deliveredOn] { return deliveredOn != nullptr; }));
     EXPECT_EQ(deliveredOn, receiver.thread());
 }
