@@ -26,10 +26,12 @@ void warn(const std::string& sentence) {
     qWarning("%s", sentence.c_str());
 }
 
-/// Where the resolution of the screen already says that the user wants larger texts, it is not applied twice.
+/// Where the resolution of the X server already says that the user wants larger texts, it is not applied
+/// twice. Elsewhere the ratio of a screen says nothing of texts.
 double cardScale(double textScale) {
     const QScreen* screen = QGuiApplication::primaryScreen();
-    const double inResolution = screen == nullptr ? 1 : screen->devicePixelRatio();
+    const bool isSaid = screen != nullptr && QGuiApplication::platformName() == u"xcb";
+    const double inResolution = isSaid ? screen->devicePixelRatio() : 1;
     return std::max(1.0, textScale / inResolution);
 }
 

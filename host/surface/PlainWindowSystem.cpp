@@ -1,31 +1,28 @@
 #include "host/surface/PlainWindowSystem.h"
 
+#include "host/surface/WindowSurface.h"
+
 #include <QWidget>
 
 namespace vantel {
 
 namespace {
 
-class PlainSurface final : public Surface {
+class PlainSurface final : public WindowSurface {
 public:
     explicit PlainSurface(QWidget& window)
-        : m_window(window) {
+        : WindowSurface(window) {
         window.setWindowFlags(Qt::FramelessWindowHint | Qt::WindowStaysOnBottomHint);
     }
 
     void show(QScreen*, QPoint position) override {
-        m_window.move(position);
-        m_window.show();
+        widget().move(position);
+        widget().show();
     }
 
-    void move(QPoint position) override { m_window.move(position); }
-    void hide() override { m_window.hide(); }
     void setCardShape(const QRegion&) override {}
-    void takeFocus() override { m_window.activateWindow(); }
-    void giveFocusBack() override { m_window.clearFocus(); }
-
-private:
-    QWidget& m_window;
+    void takeFocus() override { widget().activateWindow(); }
+    void giveFocusBack() override { widget().clearFocus(); }
 };
 
 } // namespace
