@@ -27,8 +27,10 @@ struct LayerMenu::Sheet {
     QWidget widget;
     LayerWindow window;
 
+    /// An ordinary window would close the menu when it is shown, but a tool does not.
     Sheet(QScreen& screen, const WaylandConnection& connection)
-        : window(widget, connection) {
+        : widget(nullptr, Qt::Tool)
+        , window(widget, connection) {
         widget.setAttribute(Qt::WA_TranslucentBackground);
         widget.setAttribute(Qt::WA_ShowWithoutActivating);
         widget.setAttribute(Qt::WA_QuitOnClose, false);
@@ -49,7 +51,8 @@ LayerMenu::LayerMenu(QMenu& menu, const WaylandConnection& connection, QScreen& 
     m_place = menuPosition(place, size, screen.geometry());
     connect(&m_window, &LayerWindow::ready, this, &LayerMenu::open);
     connect(&m_window, &LayerWindow::closed, &menu, &QWidget::close);
-    connect(&menu, &QMenu::aboutToHide, this, &LayerMenu::endSheets);
+    // A sheet may be about to be shown when the menu closes.
+    connect(&menu, &QMenu::aboutToHide, this, &LayerMenu::endSheets, Qt::QueuedConnection);
     connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, &LayerMenu::heedFocus);
     m_window.stand(screen, {.layer = layershell::Layer::overlay,
                             .keyboard = layershell::Keyboard::exclusive,
