@@ -137,6 +137,8 @@ void WaylandSurface::setContent(Content content) {
 bool WaylandSurface::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::Resize)
         update();
+    if (event->type() == QEvent::WindowActivate)
+        letGoOfKeyboard();
     if (event->type() == QEvent::Paint && m_content == Content::blank)
         return true;
     return QObject::eventFilter(watched, event);
@@ -154,6 +156,14 @@ void WaylandSurface::setCardShape(const QRegion& shape) {
 
 void WaylandSurface::takeFocus() {
     m_keyboard = layershell::Keyboard::exclusive;
+    update();
+}
+
+/// Once it is here it may go to any window that is clicked.
+void WaylandSurface::letGoOfKeyboard() {
+    if (m_keyboard != layershell::Keyboard::exclusive)
+        return;
+    m_keyboard = layershell::Keyboard::onDemand;
     update();
 }
 

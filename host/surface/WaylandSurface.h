@@ -46,6 +46,7 @@ private:
     void loseScreen(const QScreen* screen);
     void waitToStand();
     void carry();
+    void letGoOfKeyboard();
     void setContent(Content content);
 
     QWidget& m_widget;

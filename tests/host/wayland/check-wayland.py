@@ -1,0 +1,283 @@
+#!/usr/bin/env python3
+"""Uses the widgets in a Wayland session, where they stand on layers of the desktop.
+
+    check-wayland.py WIDGETS VANTELCTL WINDOW SCENARIO    exit 1 with a sentence when the scenario does not come true, and
+                                                          77 when this machine does not let it be tried
+"""
+import json
+import pathlib
+import subprocess
+import sys
+
+from desktop import Failed, Skipped, expect, wait_for
+from wayland_desktop import BACKGROUND, WaylandDesktop
+
+FOCUS, NEXT_UP, TRIAGE, GROUP = (
+    "VantelFocusWidget", "VantelNextUpWidget", "VantelTriageWidget", "VantelGroupTodayWidget")
+CIRCLE = 121  # points from the left edge of the medium focus card to its circles
+FIRST_ROW, ROW = 37, 32  # from its upper edge to the middle of the first of four rows, and from row to row
+BLUE = bytes([0, 0, 255])
+
+
+def paper(desktop, kind):
+    """The colour of a card near its upper edge."""
+    left, top, _, _ = desktop.card(kind)
+    return desktop.color(left + 40, top + 5)
+
+
+def still_day(desktop):
+    """A day on which nothing counts down."""
+    return dict(desktop.placeholder(), events=[])
+
+
+def start(desktop, *arguments):
+    desktop.write_snapshot(still_day(desktop))
+    desktop.leave()
+    return desktop.start_widgets(*arguments)
+
+
+def stands(desktop, kind):
+    """Whether the card of a kind reaches to each of its four edges, and no further."""
+    left, top, width, height = desktop.card(kind)
+    middle = (left + width // 2, top + height // 2)
+    inside = [(left, middle[1]), (left + width - 1, middle[1]), (middle[0], top), (middle[0], top + height - 1)]
+    outside = [(left - 1, middle[1]), (left + width, middle[1]), (middle[0], top - 1), (middle[0], top + height)]
+    card = paper(desktop, kind)
+    return all(desktop.color(*each) == card for each in inside) and not any(
+        desktop.color(*each) == card for each in outside)
+
+
+def open_window(desktop):
+    """Opens an ordinary window, which fills the screen, and returns it and what it says."""
+    said = desktop.folder / "said"
+    with said.open("w") as output:
+        window = subprocess.Popen([desktop.window, "normal"], stdin=subprocess.PIPE, stdout=output,
+                                  stderr=subprocess.DEVNULL, env=dict(desktop.environment, QT_QPA_PLATFORM="wayland"))
+    desktop.processes.append(window)
+    wait_for(lambda: desktop.color(600, 400) == BLUE, "a window")
+    return window, lambda: said.read_text().split("\n")
+
+
+def four_widgets_stand_where_the_placements_say(desktop):
+    start(desktop)
+    for kind in (FOCUS, NEXT_UP, TRIAGE, GROUP):
+        expect(stands(desktop, kind), f"{kind} does not stand at {desktop.card(kind)}")
+    expect(desktop.color(20, 20) == BACKGROUND, "the desktop is covered")
+
+
+def an_ordinary_window_stands_above_the_widgets(desktop):
+    start(desktop)
+    before = desktop.picture()
+    window, _ = open_window(desktop)
+    all_blue = BLUE * (desktop.width * 700)
+    wait_for(lambda: desktop.picture(height=700) == all_blue, "a window over all cards")
+    left, top, _, _ = desktop.card(FOCUS)
+    desktop.click(left + 60, top + 60)
+    desktop.leave()
+    desktop.tell("workspace", "2")
+    wait_for(lambda: desktop.picture() == before, "the cards on another workspace")
+    desktop.tell("workspace", "1")
+    wait_for(lambda: desktop.color(left + 60, top + 60) == BLUE, "the window over the cards again")
+    window.terminate()
+    wait_for(lambda: desktop.picture() == before, "the cards as before")
+
+
+def a_click_on_a_circle_completes_the_task(desktop):
+    start(desktop)
+    left, top, _, _ = desktop.card(FOCUS)
+    desktop.click(left + CIRCLE, top + FIRST_ROW)
+    wait_for(desktop.journal, "a journal line")
+    expect([(each["action"], each["todoID"]) for each in desktop.journal()] == [("completeTodo", "demo-1")],
+           f"the journal has {desktop.journal()}")
+    wait_for(lambda: desktop.snapshot()["tasks"][0].get("completedAt"), "the stamp in the snapshot")
+
+
+def place(desktop, *placements):
+    """Writes where widgets stand: kind, family, and the distances from the upper left corner."""
+    output = {"manufacturer": "headless", "model": "headless", "serial": "", "name": next(iter(desktop.outputs()))}
+    desktop.state.mkdir()
+    (desktop.state / "placements.json").write_text(json.dumps({"version": 1, "placements": [
+        {"id": f"00000000-0000-4000-8000-00000000000{number}", "kind": kind, "family": family, "monitor": output,
+         "corner": "topLeft", "horizontal": left, "vertical": top}
+        for number, (kind, family, left, top) in enumerate(placements)]}))
+
+
+def clicks_go_through_the_shadow_of_a_card(desktop):
+    triage = 300 + FIRST_ROW - 12 - 170  # so that its shadow, but not the card, lies over the first two circles
+    above = (TRIAGE, "systemSmall", 100 + CIRCLE - 80, triage)
+    below = (FOCUS, "systemMedium", 100, 300)
+    last = (TRIAGE, "systemSmall", 700, 300)
+    place(desktop, above, below, last, above)
+    start(desktop)
+    desktop.click(100 + CIRCLE, 300 + FIRST_ROW)
+    wait_for(desktop.journal, "a journal line")
+
+
+def a_dragged_widget_stays_where_it_was_dropped(desktop):
+    process = start(desktop)
+    left, top, _, _ = desktop.card(TRIAGE)
+    grip, color = (left + 120, top + 150), paper(desktop, TRIAGE)
+    desktop.drag_to(grip, (grip[0] - 700, grip[1] + 200))
+    wait_for(lambda: desktop.color(left - 700 + 60, top + 200 + 20) == color, "the card under the mouse")
+    wait_for(lambda: desktop.color(left + 60, top + 10) == BACKGROUND, "no card where it was")
+    desktop.release()
+    desktop.leave()
+    wait_for(lambda: desktop.card(TRIAGE)[:2] != (left, top), "another place of the triage card")
+    wait_for(lambda: stands(desktop, TRIAGE), "the card at its place")
+    desktop.wait_until_still()
+    moved, picture = desktop.card(TRIAGE), desktop.picture()
+    expect(abs(moved[0] - left + 700) <= 24 and abs(moved[1] - top - 200) <= 24, f"it stands at {moved}")
+    expect(desktop.journal() == [], "the drag pressed something")
+    process.terminate()
+    expect(process.wait(5) == 0, "the program did not end well")
+    desktop.start_widgets()
+    wait_for(lambda: desktop.picture() == picture, "the same screen as before the restart")
+
+
+def a_menu_opens_above_all_and_closes_by_a_click_beside_it(desktop):
+    start(desktop)
+    before = desktop.picture()
+    left, top, _, _ = desktop.card(TRIAGE)
+
+    def open_menu():
+        desktop.click(left + 20, top + 150, button=3)
+        wait_for(lambda: desktop.picture() != before, "a menu")
+        desktop.wait_until_still()
+    open_menu()
+    desktop.click(300, 300)
+    desktop.leave()
+    wait_for(lambda: desktop.picture() == before, "no menu after a click on the desktop")
+    open_menu()
+    other = desktop.card(FOCUS)
+    desktop.click(other[0] + CIRCLE, other[1] + FIRST_ROW)
+    desktop.leave()
+    wait_for(lambda: desktop.picture() == before, "no menu after a click on another card")
+    expect(desktop.journal() == [], "the click that closed the menu completed a task")
+
+
+def keys_choose_from_the_menu_and_escape_closes_it(desktop):
+    start(desktop)
+    before = desktop.picture()
+    _, said = open_window(desktop)
+    desktop.tell("workspace", "2")
+    left, top, _, _ = desktop.card(TRIAGE)
+    wait_for(lambda: desktop.picture() == before, "the cards")
+    desktop.click(left + 20, top + 150, button=3)
+    wait_for(lambda: desktop.picture() != before, "a menu")
+    desktop.wait_until_still()
+    desktop.key("Escape")
+    desktop.leave()
+    wait_for(lambda: desktop.picture() == before, "no menu after Escape")
+    desktop.click(left + 20, top + 150, button=3)
+    wait_for(lambda: desktop.picture() != before, "a menu")
+    desktop.wait_until_still()
+    for name in ("Down", "Down", "Down", "Return"):
+        desktop.key(name)
+    wait_for(lambda: len(desktop.placements()) == 3, "one widget fewer")
+    wait_for(lambda: desktop.color(left + 60, top + 10) == BACKGROUND, "no card where it was")
+    desktop.tell("workspace", "1")
+    desktop.key("x")
+    wait_for(lambda: "typed x" in said(), "the keyboard in the window")
+    expect([each for each in said() if each.startswith("typed")] == ["typed x"], f"it heard {said()}")
+
+
+def the_gallery_is_an_ordinary_window_that_adds_widgets(desktop):
+    start(desktop)
+    desktop.ask("ShowGallery")
+    wait_for(lambda: desktop.windows() == ["Add widgets"], "the gallery")
+    desktop.wait_until_still()
+    desktop.key("Tab")
+    desktop.key("Return")
+    wait_for(lambda: len(desktop.placements()) == 5, "one widget more")
+    desktop.key("Escape")
+    wait_for(lambda: desktop.windows() == [], "no gallery after Escape")
+    wait_for(lambda: all(desktop.is_drawn(each) for each in desktop.placements()), "five drawn cards")
+
+
+def keys_come_when_asked_and_go_back_with_escape(desktop):
+    start(desktop)
+    color = paper(desktop, FOCUS)
+    _, said = open_window(desktop)
+    desktop.focus_widgets()
+    left, top, width, height = desktop.card(FOCUS)
+
+    def ring(number):
+        return desktop.picture(left + CIRCLE - 12, top + FIRST_ROW - 12 + number * ROW, 24, 24)
+    wait_for(lambda: paper(desktop, FOCUS) == color, "the card over the window")
+    wait_for(lambda: ring(0) != ring(1), "a ring on the first circle")
+    bare = ring(1)
+    desktop.key("Tab")
+    desktop.key("Tab")
+    wait_for(lambda: ring(0) == bare and ring(1) != bare, "the ring on the second circle")
+    desktop.key("Return")
+    wait_for(desktop.journal, "a journal line")
+    expect([each["todoID"] for each in desktop.journal()] == ["demo-2"], f"the journal has {desktop.journal()}")
+    desktop.key("Escape")
+    wait_for(lambda: paper(desktop, FOCUS) == BLUE, "the window over the card")
+    desktop.key("x")
+    wait_for(lambda: "typed x" in said(), "the keyboard in the window")
+    expect([each for each in said() if each.startswith("typed")] == ["typed x"], f"it heard {said()}")
+
+
+def a_click_on_a_window_takes_the_keyboard_from_the_widgets(desktop):
+    if desktop.version() < (1, 8):
+        raise Skipped("a sway before 1.8 leaves the keyboard on a layer until the layer gives it back")
+    start(desktop)
+    color = paper(desktop, FOCUS)
+    _, said = open_window(desktop)
+    desktop.focus_widgets()
+    left, top, _, _ = desktop.card(FOCUS)
+    wait_for(lambda: paper(desktop, FOCUS) == color, "the card over the window")
+    desktop.wait_until_still()
+    desktop.click(300, 300)
+    wait_for(lambda: paper(desktop, FOCUS) == BLUE, "the window over the card")
+    desktop.key("x")
+    wait_for(lambda: "typed x" in said(), "the keyboard in the window")
+
+
+def clicks_leave_the_keyboard_where_it_is(desktop):
+    start(desktop)
+    color = paper(desktop, FOCUS)
+    _, said = open_window(desktop)
+    desktop.tell("floating", "enable,", "resize", "set", "400", "400,", "move", "position", "100", "100")
+    left, top, _, _ = desktop.card(FOCUS)
+    wait_for(lambda: paper(desktop, FOCUS) == color, "the card beside the window")
+    desktop.click(left + CIRCLE, top + FIRST_ROW)
+    wait_for(desktop.journal, "a journal line")
+    desktop.key("x")
+    wait_for(lambda: "typed x" in said(), "the keyboard in the window")
+
+
+def programs_that_are_opened_choose_for_themselves(desktop):
+    record = desktop.folder / "environment"
+    opener = desktop.folder / "bin" / "xdg-open"
+    opener.write_text(f'#!/bin/sh\nenv >"{record}.new" && mv "{record}.new" "{record}"\n')
+    opener.chmod(0o755)
+    applications = desktop.folder / "data_home" / "applications"
+    applications.mkdir()
+    (applications / "companion.desktop").write_text(
+        "[Desktop Entry]\nType=Application\nName=Companion\nExec=xdg-open %u\nMimeType=x-scheme-handler/vantel;\n")
+    (desktop.folder / "config_home" / "mimeapps.list").write_text(
+        "[Default Applications]\nx-scheme-handler/vantel=companion.desktop\n")
+    start(desktop)
+    left, top, _, _ = desktop.card(FOCUS)
+    desktop.click(left + 40, top + 130)
+    wait_for(record.exists, "an opened link")
+    names = [line.split("=")[0] for line in record.read_text().splitlines()]
+    expect([name for name in names if name.startswith("QT_")] == [], f"it was started with {names}")
+
+
+def main():
+    widgets, vantelctl, window, scenario = sys.argv[1:]
+    try:
+        with WaylandDesktop(str(pathlib.Path(widgets).resolve()), str(pathlib.Path(vantelctl).resolve())) as desktop:
+            desktop.window = str(pathlib.Path(window).resolve())
+            globals()[scenario](desktop)
+    except Failed as failure:
+        sys.exit(f"{scenario}: {failure}")
+    except Skipped as reason:
+        print(f"skipped: {reason}")
+        sys.exit(77)
+
+
+main()
