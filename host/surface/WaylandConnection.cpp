@@ -15,8 +15,6 @@ namespace vantel {
 
 namespace {
 
-constexpr std::uint32_t versionOfOutputNames = 4;
-
 wl_display* displayOfApplication() {
     if (!QGuiApplication::platformName().startsWith(u"wayland"))
         return nullptr;
@@ -35,29 +33,6 @@ Object* bindForApplication(const WaylandRegistry& registry, const char* name, co
     wl_proxy_set_queue(static_cast<wl_proxy*>(object), nullptr);
     return static_cast<Object*>(object);
 }
-
-/// One output while it is asked what it is called.
-struct OutputAnswer {
-    wl_output* output;
-    std::string name = {};
-    std::string description = {};
-};
-
-void takeName(void* answer, wl_output*, const char* name) {
-    static_cast<OutputAnswer*>(answer)->name = name;
-}
-
-void takeDescription(void* answer, wl_output*, const char* description) {
-    static_cast<OutputAnswer*>(answer)->description = description;
-}
-
-constexpr wl_output_listener outputListener{
-    .geometry = [](void*, wl_output*, int, int, int, int, int, const char*, const char*, int) {},
-    .mode = [](void*, wl_output*, std::uint32_t, int, int, int) {},
-    .done = [](void*, wl_output*) {},
-    .scale = [](void*, wl_output*, int) {},
-    .name = takeName,
-    .description = takeDescription};
 
 } // namespace
 
@@ -104,25 +79,6 @@ void WaylandConnection::commit(wl_surface* surface) {
 
 void WaylandConnection::flush() const {
     wl_display_flush(m_display);
-}
-
-OutputDescriptions WaylandConnection::describeOutputs() const {
-    const WaylandRegistry registry(m_display);
-    std::vector<std::unique_ptr<OutputAnswer>> answers;
-    for (const WaylandGlobal& global : registry.globals()) {
-        if (global.interface != wl_output_interface.name || global.version < versionOfOutputNames)
-            continue;
-        void* output = registry.bind(global, wl_output_interface, versionOfOutputNames);
-        answers.push_back(std::make_unique<OutputAnswer>(OutputAnswer{static_cast<wl_output*>(output)}));
-        wl_output_add_listener(answers.back()->output, &outputListener, answers.back().get());
-    }
-    registry.wait();
-    OutputDescriptions descriptions;
-    for (const auto& answer : answers) {
-        descriptions[answer->name] = answer->description;
-        wl_output_release(answer->output);
-    }
-    return descriptions;
 }
 
 } // namespace vantel

@@ -1,10 +1,7 @@
 #pragma once
 
 #include <QRegion>
-#include <map>
-#include <memory>
 #include <optional>
-#include <string>
 
 class QScreen;
 class QWindow;
@@ -15,9 +12,6 @@ struct wl_proxy;
 struct wl_surface;
 
 namespace vantel {
-
-/// Sentences of a compositor about its outputs, by their names: "Dell Inc. U2415 7MT0186 (DP-1)" of "DP-1".
-using OutputDescriptions = std::map<std::string, std::string>;
 
 /// The application's connection to a Wayland compositor that has layers, in the few words that desktop
 /// windows need. Objects that are made here are heard by the application's own event loop. The connection
@@ -42,9 +36,6 @@ public:
 
     /// Sends what was asked for.
     void flush() const;
-
-    /// Asks the compositor, and waits for the answer.
-    OutputDescriptions describeOutputs() const;
 
 private:
     explicit WaylandConnection(wl_display* display);

@@ -1,6 +1,6 @@
 #include "host/surface/WaylandWindowSystem.h"
 
-#include "host/surface/OutputSerial.h"
+#include "host/surface/OutputDescriptions.h"
 #include "host/surface/WaylandSurface.h"
 
 #include <QGuiApplication>
@@ -19,7 +19,7 @@ std::unique_ptr<Surface> WaylandWindowSystem::makeSurface(QWidget& window) {
 
 std::string WaylandWindowSystem::serialNumber(const QScreen& screen) {
     if (!m_outputs)
-        m_outputs = m_connection.describeOutputs();
+        m_outputs = describeOutputs();
     const std::string name = screen.name().toStdString();
     return outputSerial((*m_outputs)[name], screen.manufacturer().toStdString(), screen.model().toStdString(),
                         name);

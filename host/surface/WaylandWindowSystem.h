@@ -3,6 +3,8 @@
 #include "host/surface/WaylandConnection.h"
 #include "host/surface/WindowSystem.h"
 
+#include <map>
+
 namespace vantel {
 
 /// Surfaces on Wayland, where compositors offer layers. Every compositor blends windows.
@@ -18,7 +20,8 @@ public:
 
 private:
     WaylandConnection m_connection;
-    std::optional<OutputDescriptions> m_outputs; ///< absent after an output came
+    std::optional<std::map<std::string, std::string>>
+        m_outputs; ///< what is said of each; absent after one came
 };
 
 } // namespace vantel

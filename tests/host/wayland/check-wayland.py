@@ -5,18 +5,29 @@
                                                           77 when this machine does not let it be tried
 """
 import json
+import os
 import pathlib
 import subprocess
 import sys
+import threading
+import time
 
 from desktop import Failed, Skipped, expect, wait_for
-from wayland_desktop import BACKGROUND, WaylandDesktop
+from wayland_desktop import BACKGROUND, PluggableDesktop, WaylandDesktop
 
 FOCUS, NEXT_UP, TRIAGE, GROUP = (
     "VantelFocusWidget", "VantelNextUpWidget", "VantelTriageWidget", "VantelGroupTodayWidget")
 CIRCLE = 121  # points from the left edge of the medium focus card to its circles
 FIRST_ROW, ROW = 37, 32  # from its upper edge to the middle of the first of four rows, and from row to row
 BLUE = bytes([0, 0, 255])
+
+
+def on(desktop_type):
+    """Says which session a scenario needs."""
+    def mark(scenario):
+        scenario.desktop_type = desktop_type
+        return scenario
+    return mark
 
 
 def paper(desktop, kind):
@@ -94,7 +105,7 @@ def a_click_on_a_circle_completes_the_task(desktop):
 
 def place(desktop, *placements):
     """Writes where widgets stand: kind, family, and the distances from the upper left corner."""
-    output = {"manufacturer": "headless", "model": "headless", "serial": "", "name": next(iter(desktop.outputs()))}
+    output = dict(desktop.make(), name=next(iter(desktop.outputs())))
     desktop.state.mkdir()
     (desktop.state / "placements.json").write_text(json.dumps({"version": 1, "placements": [
         {"id": f"00000000-0000-4000-8000-00000000000{number}", "kind": kind, "family": family, "monitor": output,
@@ -267,10 +278,168 @@ def programs_that_are_opened_choose_for_themselves(desktop):
     expect([name for name in names if name.startswith("QT_")] == [], f"it was started with {names}")
 
 
+def rounds(short, long):
+    """How often to do something: long where somebody asks for it."""
+    return long if os.environ.get("VANTEL_SOAK") else short
+
+
+def on_output(desktop, placement, output):
+    """Where a card is, and a point of the desktop beside it."""
+    rectangle = desktop.outputs()[output]
+    width = 364 if placement["family"] == "systemMedium" else 170
+    left = rectangle["x"] + (placement["horizontal"] if placement["corner"].endswith("Left")
+                             else rectangle["width"] - placement["horizontal"] - width)
+    top = rectangle["y"] + (placement["vertical"] if placement["corner"].startswith("top")
+                            else rectangle["height"] - placement["vertical"] - 170)
+    return left, top, width, 170
+
+
+def all_stand(desktop, owners):
+    """Whether each widget is drawn on the output that has it, and nothing beside it. Owners are names of outputs."""
+    active = desktop.outputs()
+    for placement, output in zip(desktop.placements(), owners):
+        if output not in active:
+            return False
+        left, top, width, height = on_output(desktop, placement, output)
+        beside = [desktop.color(left + width + 1, top + height // 2), desktop.color(left - 2, top + height // 2)]
+        if len(set(desktop.picture(left, top, width, height))) < 20 or desktop.color(left + 40, top + 3) in beside:
+            return False
+    return True
+
+
+def expect_flat(memory):
+    """Nothing that grows for as long as the program runs. The first turns fill caches."""
+    warm = memory[len(memory) // 3]
+    print(f"{len(memory)} turns; {memory[0]} bytes, {warm}, {memory[-1]}")
+    expect(memory[-1] - warm < 6_000_000, f"the memory grew from {warm} to {memory[-1]}")
+
+
+def arrange_on_two_outputs(desktop):
+    """Two widgets on each of two outputs, whose names it returns."""
+    first, second = [*desktop.outputs(), desktop.plug()]
+    places = [(FOCUS, "systemMedium", first, "topRight"), (TRIAGE, "systemSmall", first, "bottomLeft"),
+              (NEXT_UP, "systemSmall", second, "topRight"), (GROUP, "systemMedium", second, "bottomLeft")]
+    desktop.state.mkdir()
+    (desktop.state / "placements.json").write_text(json.dumps({"version": 1, "placements": [
+        {"id": f"00000000-0000-4000-8000-00000000000{number}", "kind": kind, "family": family, "corner": corner,
+         "monitor": dict(desktop.make(), name=output), "horizontal": 24, "vertical": 24}
+        for number, (kind, family, output, corner) in enumerate(places)]}))
+    return first, second
+
+
+@on(PluggableDesktop)
+def widgets_come_back_whatever_happens_to_outputs(desktop):
+    first, second = arrange_on_two_outputs(desktop)
+    desktop.write_snapshot(still_day(desktop))
+    process = desktop.start(desktop.widgets)
+    saved = desktop.placements()
+
+    def check(what):
+        wait_for(lambda: all_stand(desktop, [first, first, second, second]), f"four cards after {what}")
+        expect(process.poll() is None, f"the program ended after {what}")
+    check("the start")
+    memory = []
+    for turn in range(rounds(30, 200)):
+        if turn % 4 == 3:
+            desktop.unplug(second)
+            wait_for(lambda: all_stand(desktop, [first, first]), "two cards on the other output")
+            second = desktop.plug()
+        else:
+            desktop.tell("output", second, "scale", ["1.5", "2", "1"][turn % 4])
+        check(f"change {turn}")
+        memory.append(desktop.memory(process))
+    expect(desktop.placements() == saved, f"the placements are {desktop.placements()}")
+    expect_flat(memory)
+
+
+@on(PluggableDesktop)
+def widgets_come_back_after_there_was_no_output(desktop):
+    process = start(desktop)
+    saved, memory, output = desktop.placements(), [], [*desktop.outputs()][0]
+    for turn in range(rounds(10, 100)):
+        desktop.unplug(output)
+        output = desktop.plug()
+        wait_for(lambda: all_stand(desktop, [output] * 4), f"four cards after turn {turn}")
+        expect(process.poll() is None, f"the program ended after turn {turn}")
+        memory.append(desktop.memory(process))
+    expect(desktop.placements() == saved, f"the placements are {desktop.placements()}")
+    expect_flat(memory)
+
+
+@on(PluggableDesktop)
+def a_widget_can_be_dragged_to_another_output(desktop):
+    first, second = arrange_on_two_outputs(desktop)
+    desktop.write_snapshot(still_day(desktop))
+    desktop.start(desktop.widgets)
+    wait_for(lambda: all_stand(desktop, [first, first, second, second]), "four cards")
+    desktop.resize()
+    triage = desktop.placements()[1]
+    left, top, _, _ = on_output(desktop, triage, first)
+    middle = desktop.outputs()[second]["x"] + 600, 300
+    desktop.drag((left + 120, top + 150), (middle[0] + 35, middle[1] + 65))
+    wait_for(lambda: desktop.placements()[1]["monitor"]["name"] == second, "a placement on the other output")
+    desktop.leave()
+    wait_for(lambda: all_stand(desktop, [first, second, second, second]), "four cards after the drag")
+
+
+def restart_rule():
+    """When the user unit starts the program anew, and after how many seconds."""
+    unit = pathlib.Path(__file__).parents[3] / "packaging" / "vantel-widgets.service.in"
+    settings = dict(line.split("=", 1) for line in unit.read_text().splitlines() if "=" in line)
+    expect(settings["Restart"] == "on-failure", "the unit does not start it anew")
+    return float(settings["RestartSec"])
+
+
+class Supervisor:
+    """Starts the widgets anew when they fail, as the user unit does."""
+
+    def __init__(self, desktop):
+        self.desktop, self.pause, self.statuses, self.is_ending = desktop, restart_rule(), [], False
+        self.thread = threading.Thread(target=self.run, daemon=True)
+        self.thread.start()
+
+    def run(self):
+        while not self.is_ending:
+            process = self.desktop.start(self.desktop.widgets)
+            self.statuses.append(process.wait())
+            self.desktop.processes.remove(process)
+            if self.statuses[-1] == 0:
+                return
+            time.sleep(self.pause)
+
+
+def nothing_is_lost_when_the_compositor_dies(desktop):
+    start(desktop).terminate()
+    picture, saved = desktop.picture(), (desktop.state / "placements.json").read_bytes()
+    left, top, _, _ = desktop.card(FOCUS)
+    supervisor = Supervisor(desktop)
+    for number in range(rounds(5, 20)):
+        wait_for(lambda: desktop.picture() == picture, "the cards", 30)
+        if number < 3:  # the last thing that is pressed before the end
+            desktop.click(left + CIRCLE, top + FIRST_ROW)
+            desktop.leave()
+            wait_for(lambda: len(desktop.journal()) == number + 1, "a journal line")
+        desktop.kill_compositor()
+        desktop.start_compositor()
+        desktop.leave()
+        if number < 3:
+            wait_for(lambda: all(map(desktop.is_drawn, desktop.placements())), "four cards", 30)
+            desktop.wait_until_still()
+            picture = desktop.picture()
+    supervisor.is_ending = True
+    expect(set(supervisor.statuses) == {1}, f"it ended with {supervisor.statuses}")
+    expect((desktop.state / "placements.json").read_bytes() == saved, "the placements changed")
+    expect([each["todoID"] for each in desktop.journal()] == ["demo-1", "demo-2", "demo-3"],
+           f"the journal has {desktop.journal()}")
+    done = [each["id"] for each in desktop.snapshot()["tasks"] if each.get("completedAt")]
+    expect({"demo-1", "demo-2", "demo-3"} <= set(done), f"done is {done}")
+
+
 def main():
     widgets, vantelctl, window, scenario = sys.argv[1:]
+    desktop_type = getattr(globals()[scenario], "desktop_type", WaylandDesktop)
     try:
-        with WaylandDesktop(str(pathlib.Path(widgets).resolve()), str(pathlib.Path(vantelctl).resolve())) as desktop:
+        with desktop_type(str(pathlib.Path(widgets).resolve()), str(pathlib.Path(vantelctl).resolve())) as desktop:
             desktop.window = str(pathlib.Path(window).resolve())
             globals()[scenario](desktop)
     except Failed as failure:

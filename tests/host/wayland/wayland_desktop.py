@@ -13,7 +13,7 @@ from virtual_devices import LEFT, RIGHT, VirtualDevices
 NOBODY = 65534
 BACKGROUND = bytes([0x33, 0x55, 0x77])
 SWAY_SETTINGS = """
-output * mode 1366x768 position 0 0
+output HEADLESS-1 mode 1366x768 position 0 0
 output * bg #335577 solid_color
 default_border none
 focus_follows_mouse no
@@ -50,33 +50,36 @@ class WaylandDesktop(Desktop):
 
     # ---- the compositor
 
-    def as_nobody(self, *words):
+    def start_as_nobody(self, *words, **settings):
         variables = {"PATH": os.environ["PATH"], "HOME": str(self.place), "XDG_RUNTIME_DIR": str(self.runtime),
                      "WLR_BACKENDS": "headless", "WLR_RENDERER": "pixman", "WLR_LIBINPUT_NO_DEVICES": "1",
-                     "LC_ALL": "C.UTF-8"}
+                     "LC_ALL": "C.UTF-8", **settings}
         nobody = []
         if os.getuid() == 0:
             for path in (self.place, self.runtime):
                 os.chown(path, NOBODY, NOBODY)
             nobody = ["setpriv", f"--reuid={NOBODY}", f"--regid={NOBODY}", "--clear-groups"]
-        settings = [f"{name}={value}" for name, value in variables.items()]
-        return [*nobody, "env", "-i", *settings, *words]
+        return self.start(*nobody, "env", "-i", *(f"{name}={value}" for name, value in variables.items()), *words)
 
-    def compositor_command(self):
-        settings = self.place / "settings"
-        settings.write_text(SWAY_SETTINGS)
-        return ["sway", "--config", str(settings)]
+    def start_sway(self, settings, **variables):
+        """Returns the process and the path of its socket."""
+        file, before = self.place / "settings", self.sockets()
+        file.write_text(settings)
+        process = self.start_as_nobody("sway", "--config", str(file), **variables)
+        return process, wait_for(lambda: self.sockets() - before, "a compositor").pop()
+
+    def sockets(self):
+        return {each for each in self.runtime.glob("wayland-*") if each.suffix != ".lock"}
 
     def start_compositor(self):
-        self.compositor = self.start(*self.as_nobody(*self.compositor_command()))
+        self.compositor, self.socket = self.start_sway(SWAY_SETTINGS)
+        self.use_compositor()
 
-        def socket():
-            found = [each for each in self.runtime.glob("wayland-*") if each.suffix != ".lock"]
-            return found and found[0]
-        self.socket = wait_for(socket, "a compositor")
+    def use_compositor(self):
         self.environment["WAYLAND_DISPLAY"] = str(self.socket)
+        self.environment["SWAYSOCK"] = str(next(self.runtime.glob(f"sway-ipc.*.{self.compositor.pid}.sock")))
         self.connect_devices()
-        self.await_outputs()
+        wait_for(lambda: self.color(2, 2) == BACKGROUND, "a background")
 
     def connect_devices(self):
         def devices():
@@ -86,9 +89,12 @@ class WaylandDesktop(Desktop):
                 return None
         self.devices = wait_for(devices, "a mouse and a keyboard")
 
-    def await_outputs(self):
-        self.environment["SWAYSOCK"] = str(wait_for(lambda: [*self.runtime.glob("sway-ipc.*")], "sway's own socket")[0])
-        wait_for(lambda: self.color(2, 2) == BACKGROUND, "a background")
+    def resize(self):
+        """The mouse reaches all outputs."""
+        rectangles = self.outputs().values()
+        self.size = (max(each["x"] + each["width"] for each in rectangles),
+                     max(each["y"] + each["height"] for each in rectangles))
+        self.devices.width, self.devices.height = self.size
 
     def kill_compositor(self):
         self.devices.close()
@@ -111,6 +117,11 @@ class WaylandDesktop(Desktop):
         """The outputs that show something: their names and rectangles."""
         answer = json.loads(self.output("swaymsg", "--raw", "--type", "get_outputs"))
         return {each["name"]: each["rect"] for each in answer if each["active"]}
+
+    def make(self):
+        """The make of the outputs, which all have the same."""
+        answer = json.loads(self.output("swaymsg", "--raw", "--type", "get_outputs"))[0]
+        return {"manufacturer": answer["make"], "model": answer["model"], "serial": ""}
 
     def windows(self):
         """The titles of the ordinary windows."""
@@ -161,3 +172,28 @@ class WaylandDesktop(Desktop):
 
     def key(self, name):
         self.devices.key(name)
+
+
+class PluggableDesktop(WaylandDesktop):
+    """A session whose outputs can be unplugged: they are windows of another one, which can be closed. (The outputs of
+    a compositor without a screen can neither be unplugged nor switched off before sway 1.8.)"""
+
+    def start_compositor(self):
+        self.outer, outer_socket = self.start_sway(
+            "output * mode 4000x4000\nfor_window [title=.*] floating enable\n")
+        self.outer_environment = dict(self.environment, WAYLAND_DISPLAY=str(outer_socket), SWAYSOCK=str(
+            next(self.runtime.glob(f"sway-ipc.*.{self.outer.pid}.sock"))))
+        self.compositor, self.socket = self.start_sway(
+            "output * bg #335577 solid_color\n", WLR_BACKENDS="wayland", WAYLAND_DISPLAY=str(outer_socket))
+        self.use_compositor()
+
+    def unplug(self, output):
+        subprocess.run(["swaymsg", f"[title=.*{output}]", "kill"], env=self.outer_environment,
+                       stdout=subprocess.DEVNULL, check=True)
+        wait_for(lambda: output not in self.outputs(), "an output fewer")
+
+    def plug(self):
+        """Plugs in an output, and returns its name."""
+        before = self.outputs().keys()
+        self.tell("create_output")
+        return wait_for(lambda: [*self.outputs().keys() - before], "an output more")[0]
