@@ -13,7 +13,7 @@ import threading
 import time
 
 from desktop import Failed, Skipped, expect, wait_for
-from wayland_desktop import BACKGROUND, PluggableDesktop, WaylandDesktop
+from wayland_desktop import BACKGROUND, DesktopWithoutLayers, PluggableDesktop, WaylandDesktop
 
 FOCUS, NEXT_UP, TRIAGE, GROUP = (
     "VantelFocusWidget", "VantelNextUpWidget", "VantelTriageWidget", "VantelGroupTodayWidget")
@@ -62,7 +62,7 @@ def open_window(desktop):
     """Opens an ordinary window, which fills the screen, and returns it and what it says."""
     said = desktop.folder / "said"
     with said.open("w") as output:
-        window = subprocess.Popen([desktop.window, "normal"], stdin=subprocess.PIPE, stdout=output,
+        window = subprocess.Popen([desktop.window_program, "normal"], stdin=subprocess.PIPE, stdout=output,
                                   stderr=subprocess.DEVNULL, env=dict(desktop.environment, QT_QPA_PLATFORM="wayland"))
     desktop.processes.append(window)
     wait_for(lambda: desktop.color(600, 400) == BLUE, "a window")
@@ -439,12 +439,42 @@ def nothing_is_lost_when_the_compositor_dies(desktop):
     expect({"demo-1", "demo-2"} <= completed(desktop), f"completed is {completed(desktop)}")
 
 
+@on(DesktopWithoutLayers)
+def without_layers_the_widgets_stand_on_the_x_server(desktop):
+    desktop.write_snapshot(still_day(desktop))
+    desktop.start(desktop.widgets)
+    wait_for(lambda: len(desktop.placements()) == 4, "four placements")
+    cards = {}
+    for kind, name in ((FOCUS, "Focus"), (NEXT_UP, "Next up"), (TRIAGE, "Triage"), (GROUP, "Group today")):
+        cards[name] = wait_for(lambda name=name: desktop.window(name), f"the window of {name}")
+        left, top, _, _ = desktop.card(kind)
+        place = (left - 24, top - 24)  # the shadow is a part of the window
+        wait_for(lambda card=cards[name], place=place: desktop.position(card) == place, f"{name} at {place}")
+        wait_for(lambda card=cards[name]: desktop.colors(card) > 20, f"a drawn card of {name}")
+    environment = dict(desktop.environment, QT_QPA_PLATFORM="xcb")
+    desktop.processes.append(subprocess.Popen([desktop.window_program, "normal"], stdin=subprocess.PIPE,
+                                              stdout=subprocess.DEVNULL, env=environment))
+    below = set(cards.values())
+    wait_for(lambda: len(desktop.stacking()) == 5, "five windows")
+    for card in below:
+        desktop.run("xdotool", "windowraise", str(card))
+    time.sleep(0.5)  # for what should not happen there is nothing to wait for
+    expect(set(desktop.stacking()[:4]) == below, f"from below there are {desktop.stacking()}, cards are {below}")
+
+
+@on(DesktopWithoutLayers)
+def without_layers_nobody_can_ask_for_them(desktop):
+    answer = subprocess.run([desktop.widgets, "--backend", "wayland"], env=desktop.environment, text=True,
+                            capture_output=True, timeout=20, check=False)
+    expect(answer.returncode == 1 and "zwlr_layer_shell_v1" in answer.stderr, f"it answered {answer}")
+
+
 def main():
     widgets, vantelctl, window, scenario = sys.argv[1:]
     desktop_type = getattr(globals()[scenario], "desktop_type", WaylandDesktop)
     try:
         with desktop_type(str(pathlib.Path(widgets).resolve()), str(pathlib.Path(vantelctl).resolve())) as desktop:
-            desktop.window = str(pathlib.Path(window).resolve())
+            desktop.window_program = str(pathlib.Path(window).resolve())
             globals()[scenario](desktop)
     except Failed as failure:
         sys.exit(f"{scenario}: {failure}")

@@ -2,6 +2,7 @@
 import json
 import os
 import pathlib
+import re
 import shutil
 import signal
 import subprocess
@@ -50,7 +51,7 @@ class WaylandDesktop(Desktop):
 
     # ---- the compositor
 
-    def start_as_nobody(self, *words, **settings):
+    def start_as_nobody(self, *words, stderr=subprocess.DEVNULL, **settings):
         variables = {"PATH": os.environ["PATH"], "HOME": str(self.place), "XDG_RUNTIME_DIR": str(self.runtime),
                      "WLR_BACKENDS": "headless", "WLR_RENDERER": "pixman", "WLR_LIBINPUT_NO_DEVICES": "1",
                      "LC_ALL": "C.UTF-8", **settings}
@@ -59,7 +60,10 @@ class WaylandDesktop(Desktop):
             for path in (self.place, self.runtime):
                 os.chown(path, NOBODY, NOBODY)
             nobody = ["setpriv", f"--reuid={NOBODY}", f"--regid={NOBODY}", "--clear-groups"]
-        return self.start(*nobody, "env", "-i", *(f"{name}={value}" for name, value in variables.items()), *words)
+        words = [*nobody, "env", "-i", *(f"{name}={value}" for name, value in variables.items()), *words]
+        process = subprocess.Popen(words, stdout=subprocess.DEVNULL, stderr=stderr)
+        self.processes.append(process)
+        return process
 
     def start_sway(self, settings, **variables):
         """Returns the process and the path of its socket."""
@@ -197,3 +201,42 @@ class PluggableDesktop(WaylandDesktop):
         before = self.outputs().keys()
         self.tell("create_output")
         return wait_for(lambda: [*self.outputs().keys() - before], "an output more")[0]
+
+
+class DesktopWithoutLayers(WaylandDesktop):
+    """A session of GNOME's compositor, with an X server beside it. Nobody can take pictures of it."""
+    program = "mutter"
+    width, height = 1280, 800
+
+    def start_compositor(self):
+        log, bus = self.place / "log", f"unix:path={self.runtime}/bus"
+        self.start_as_nobody("dbus-daemon", "--session", "--nofork", f"--address={bus}")
+        wait_for((self.runtime / "bus").exists, "a bus for the compositor")
+        with log.open("w") as output:
+            self.compositor = self.start_as_nobody(
+                "mutter", "--wayland", "--headless", "--virtual-monitor", f"{self.width}x{self.height}", stderr=output,
+                DBUS_SESSION_BUS_ADDRESS=bus, GSETTINGS_BACKEND="memory")
+        display = wait_for(lambda: re.search(r"public X11 display (:\d+)", log.read_text()), "an X server")
+        self.environment["DISPLAY"] = display[1]
+        self.environment["XAUTHORITY"] = str(wait_for(lambda: [*self.runtime.glob(".mutter-Xwaylandauth.*")], "a key")[0])
+        self.socket = wait_for(self.sockets, "a compositor").pop()
+        self.environment["WAYLAND_DISPLAY"] = str(self.socket)
+        wait_for(lambda: "window id" in self.output("xprop", "-root", "_NET_SUPPORTING_WM_CHECK"), "a window manager")
+
+    def window(self, name):
+        """The number of the window of a name."""
+        found = self.output("xdotool", "search", "--onlyvisible", "--name", f"^{name}$").split()
+        return int(found[-1]) if found else None
+
+    def position(self, window):
+        text = self.output("xwininfo", "-id", str(window))
+        return tuple(int(re.search(rf"Absolute upper-left {axis}: +(-?\d+)", text)[1]) for axis in "XY")
+
+    def stacking(self):
+        """All windows, the lowest first."""
+        return [int(each, 16) for each in re.findall(r"0x[0-9a-f]+", self.output("xprop", "-root", "_NET_CLIENT_LIST_STACKING"))]
+
+    def colors(self, window):
+        picture = subprocess.run(["import", "-silent", "-window", str(window), "-depth", "8", "rgb:-"],
+                                 env=self.environment, stdout=subprocess.PIPE, check=True).stdout
+        return len(set(picture))
