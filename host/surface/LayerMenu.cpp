@@ -53,6 +53,7 @@ LayerMenu::LayerMenu(QMenu& menu, const WaylandConnection& connection, QScreen& 
     connect(&m_window, &LayerWindow::closed, &menu, &QWidget::close);
     // A sheet may be about to be shown when the menu closes.
     connect(&menu, &QMenu::aboutToHide, this, &LayerMenu::endSheets, Qt::QueuedConnection);
+    connect(qGuiApp, &QGuiApplication::screenRemoved, &menu, &QWidget::close);
     connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, &LayerMenu::heedFocus);
     m_window.stand(screen, {.layer = layershell::Layer::overlay,
                             .keyboard = layershell::Keyboard::exclusive,

@@ -1,7 +1,6 @@
 #include "host/surface/LayerPicture.h"
 
 #include <QPainter>
-#include <QScreen>
 #include <utility>
 
 namespace vantel {
@@ -23,10 +22,10 @@ LayerPicture::LayerPicture(QPixmap picture, const WaylandConnection& connection)
 void LayerPicture::show(QScreen& screen, QPoint position) {
     const LayerState state{
         .layer = layershell::Layer::overlay, .place = position - screen.geometry().topLeft(), .size = size()};
-    if (std::exchange(m_screen, &screen) == &screen)
-        m_window.change(state);
-    else
-        m_window.stand(screen, state);
+    if (m_screen == &screen)
+        return m_window.change(state);
+    m_screen = &screen;
+    m_window.stand(screen, state);
 }
 
 void LayerPicture::paintEvent(QPaintEvent*) {

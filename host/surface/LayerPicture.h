@@ -3,6 +3,8 @@
 #include "host/surface/LayerWindow.h"
 
 #include <QPixmap>
+#include <QPointer>
+#include <QScreen>
 #include <QWidget>
 #include <functional>
 
@@ -27,7 +29,7 @@ protected:
 private:
     QPixmap m_picture;
     LayerWindow m_window;
-    QScreen* m_screen = nullptr;
+    QPointer<QScreen> m_screen;
 };
 
 } // namespace vantel

@@ -78,6 +78,8 @@ void WaylandSurface::update() {
 
 /// Nothing may be left of a surface when its output goes, and the toolkit would bring it to another one.
 void WaylandSurface::loseScreen(const QScreen* screen) {
+    m_carried.reset();
+    setContent(Content::shown);
     if (screen != m_screen)
         return;
     m_screen.clear();
