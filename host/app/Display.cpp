@@ -50,11 +50,13 @@ DisplayFacts::ToolkitPart findWaylandPart() {
 } // namespace
 
 DisplayFacts displayFacts(WantedBackEnd wanted) {
-    return {.wanted = wanted,
-            .platform = valueOf(platformVariable),
-            .compositor = askCompositor(),
-            .waylandPart = findWaylandPart(),
-            .xServer = askXServer()};
+    DisplayFacts facts{.wanted = wanted,
+                       .platform = valueOf(platformVariable),
+                       .compositor = askCompositor(),
+                       .waylandPart = findWaylandPart()};
+    if (!chooseBackEnd(facts))
+        facts.xServer = askXServer();
+    return facts;
 }
 
 void useBackEnd(BackEnd backEnd) {

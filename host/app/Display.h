@@ -7,7 +7,8 @@
 
 namespace vantel {
 
-/// What this session offers. Asks its X server and its compositor.
+/// What this session offers. Asks its compositor; and its X server only where there is no choice without it,
+/// because many compositors start theirs when the first program asks for it.
 DisplayFacts displayFacts(WantedBackEnd wanted);
 
 /// Tells the toolkit what to draw on, by its environment variables, before there is an application object.

@@ -15,6 +15,10 @@ const MonitorIdentity twinRight{"Plain", "Twin", "", "DP-2"};
 const MonitorIdentity nameOnly{"", "", "", "Virtual-1"};
 const MonitorIdentity otherName{"", "", "", "Virtual-2"};
 
+const MonitorIdentity externalByName{"", "", "", "DP-1"};
+const MonitorIdentity numbered{"", "", "", "XWAYLAND0"};
+const MonitorIdentity numberedNext{"", "", "", "XWAYLAND1"};
+
 struct MonitorCase {
     const char* title;
     MonitorIdentity wanted;
@@ -46,6 +50,13 @@ TEST(MonitorOf, FindsTheMonitorThatIsMeant) {
         {"no serial, moved", twinRight, {twinLeft}, {laptop}, twinLeft},
         {"only a name", nameOnly, {nameOnly}, {}, nameOnly},
         {"only another name", nameOnly, {otherName}, {}, std::nullopt},
+        {"placed where makes were unknown", externalByName, {laptop, external}, {}, external},
+        {"placed where makes were known", external, {nameOnly, externalByName}, {}, externalByName},
+        {"another make on the same connector", external, {twinLeft}, {}, std::nullopt},
+        {"placed where monitors were numbered", numbered, {laptop, external}, {}, laptop},
+        {"placed where monitors were not numbered", external, {numbered, numberedNext}, {}, numbered},
+        {"another number", numberedNext, {numbered}, {}, std::nullopt},
+        {"numbered, and nothing connected", numbered, {}, {}, std::nullopt},
     };
     for (const MonitorCase& row : cases)
         EXPECT_EQ(found(row), row.expected) << row.title;
