@@ -145,20 +145,24 @@ def a_dragged_widget_stays_where_it_was_dropped(desktop):
     wait_for(lambda: desktop.picture() == picture, "the same screen as before the restart")
 
 
+def open_menu(desktop, kind):
+    left, top, _, _ = desktop.card(kind)
+    desktop.move(left + 20, top + 150)
+    desktop.wait_until_still()
+    before = desktop.picture()
+    desktop.click(left + 20, top + 150, button=3)
+    wait_for(lambda: desktop.picture() != before, "a menu")
+    desktop.wait_until_still()
+
+
 def a_menu_opens_above_all_and_closes_by_a_click_beside_it(desktop):
     start(desktop)
     before = desktop.picture()
-    left, top, _, _ = desktop.card(TRIAGE)
-
-    def open_menu():
-        desktop.click(left + 20, top + 150, button=3)
-        wait_for(lambda: desktop.picture() != before, "a menu")
-        desktop.wait_until_still()
-    open_menu()
+    open_menu(desktop, TRIAGE)
     desktop.click(300, 300)
     desktop.leave()
     wait_for(lambda: desktop.picture() == before, "no menu after a click on the desktop")
-    open_menu()
+    open_menu(desktop, TRIAGE)
     other = desktop.card(FOCUS)
     desktop.click(other[0] + CIRCLE, other[1] + FIRST_ROW)
     desktop.leave()
@@ -173,15 +177,11 @@ def keys_choose_from_the_menu_and_escape_closes_it(desktop):
     desktop.tell("workspace", "2")
     left, top, _, _ = desktop.card(TRIAGE)
     wait_for(lambda: desktop.picture() == before, "the cards")
-    desktop.click(left + 20, top + 150, button=3)
-    wait_for(lambda: desktop.picture() != before, "a menu")
-    desktop.wait_until_still()
+    open_menu(desktop, TRIAGE)
     desktop.key("Escape")
     desktop.leave()
     wait_for(lambda: desktop.picture() == before, "no menu after Escape")
-    desktop.click(left + 20, top + 150, button=3)
-    wait_for(lambda: desktop.picture() != before, "a menu")
-    desktop.wait_until_still()
+    open_menu(desktop, TRIAGE)
     for name in ("Down", "Down", "Down", "Return"):
         desktop.key(name)
     wait_for(lambda: len(desktop.placements()) == 3, "one widget fewer")
