@@ -13,7 +13,7 @@ import threading
 import time
 
 from desktop import Failed, Skipped, expect, wait_for
-from wayland_desktop import BACKGROUND, DesktopWithoutLayers, PluggableDesktop, WaylandDesktop
+from wayland_desktop import DesktopWithoutLayers, LabwcDesktop, PluggableDesktop, WaylandDesktop
 
 FOCUS, NEXT_UP, TRIAGE, GROUP = (
     "VantelFocusWidget", "VantelNextUpWidget", "VantelTriageWidget", "VantelGroupTodayWidget")
@@ -73,7 +73,7 @@ def four_widgets_stand_where_the_placements_say(desktop):
     start(desktop)
     for kind in (FOCUS, NEXT_UP, TRIAGE, GROUP):
         expect(stands(desktop, kind), f"{kind} does not stand at {desktop.card(kind)}")
-    expect(desktop.color(20, 20) == BACKGROUND, "the desktop is covered")
+    expect(desktop.color(20, 20) == desktop.background, "the desktop is covered")
 
 
 def an_ordinary_window_stands_above_the_widgets(desktop):
@@ -130,7 +130,7 @@ def a_dragged_widget_stays_where_it_was_dropped(desktop):
     grip, color = (left + 120, top + 150), paper(desktop, TRIAGE)
     desktop.drag_to(grip, (grip[0] - 700, grip[1] + 200))
     wait_for(lambda: desktop.color(left - 700 + 60, top + 200 + 20) == color, "the card under the mouse")
-    wait_for(lambda: desktop.color(left + 60, top + 10) == BACKGROUND, "no card where it was")
+    wait_for(lambda: desktop.color(left + 60, top + 10) == desktop.background, "no card where it was")
     desktop.release()
     desktop.leave()
     wait_for(lambda: desktop.card(TRIAGE)[:2] != (left, top), "another place of the triage card")
@@ -185,7 +185,7 @@ def keys_choose_from_the_menu_and_escape_closes_it(desktop):
     for name in ("Down", "Down", "Down", "Return"):
         desktop.key(name)
     wait_for(lambda: len(desktop.placements()) == 3, "one widget fewer")
-    wait_for(lambda: desktop.color(left + 60, top + 10) == BACKGROUND, "no card where it was")
+    wait_for(lambda: desktop.color(left + 60, top + 10) == desktop.background, "no card where it was")
     desktop.tell("workspace", "1")
     desktop.key("x")
     wait_for(lambda: "typed x" in said(), "the keyboard in the window")
@@ -437,6 +437,24 @@ def nothing_is_lost_when_the_compositor_dies(desktop):
     expect([each["todoID"] for each in desktop.journal()] == ["demo-1", "demo-2", "demo-3"],
            f"the journal has {desktop.journal()}")
     expect({"demo-1", "demo-2"} <= completed(desktop), f"completed is {completed(desktop)}")
+
+
+@on(LabwcDesktop)
+def under_labwc_they_stand_in_place_and_complete_tasks(desktop):
+    four_widgets_stand_where_the_placements_say(desktop)
+    left, top, _, _ = desktop.card(FOCUS)
+    desktop.click(left + CIRCLE, top + FIRST_ROW)
+    wait_for(desktop.journal, "a journal line")
+
+
+@on(LabwcDesktop)
+def under_labwc_a_dragged_widget_stays_where_it_was_dropped(desktop):
+    a_dragged_widget_stays_where_it_was_dropped(desktop)
+
+
+@on(LabwcDesktop)
+def under_labwc_a_menu_opens_and_closes(desktop):
+    a_menu_opens_above_all_and_closes_by_a_click_beside_it(desktop)
 
 
 @on(DesktopWithoutLayers)

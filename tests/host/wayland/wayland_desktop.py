@@ -12,7 +12,6 @@ from desktop import Desktop, Skipped, wait_for
 from virtual_devices import LEFT, RIGHT, VirtualDevices
 
 NOBODY = 65534
-BACKGROUND = bytes([0x33, 0x55, 0x77])
 SWAY_SETTINGS = """
 output HEADLESS-1 mode 1366x768 position 0 0
 output * bg #335577 solid_color
@@ -25,6 +24,7 @@ seat * hide_cursor 0
 class WaylandDesktop(Desktop):
     """Places are logical pixels of the whole desktop. Compositors refuse to be run by root, so then they are nobody's."""
     program = "sway"
+    background = bytes([0x33, 0x55, 0x77])
 
     def __init__(self, widgets, vantelctl):
         super().__init__(widgets, vantelctl)
@@ -35,9 +35,9 @@ class WaylandDesktop(Desktop):
         self.size = (self.width, self.height)
 
     def __enter__(self):
-        if shutil.which(self.program) is None:
-            raise Skipped(f"{self.program} is not installed")
         try:
+            if shutil.which(self.program) is None:
+                raise Skipped(f"{self.program} is not installed")
             self.start_compositor()
             self.start_bus()
         except Exception:
@@ -83,7 +83,7 @@ class WaylandDesktop(Desktop):
         self.environment["WAYLAND_DISPLAY"] = str(self.socket)
         self.environment["SWAYSOCK"] = str(next(self.runtime.glob(f"sway-ipc.*.{self.compositor.pid}.sock")))
         self.connect_devices()
-        wait_for(lambda: self.color(2, 2) == BACKGROUND, "a background")
+        wait_for(lambda: self.color(2, 2) == self.background, "a background")
 
     def connect_devices(self):
         def devices():
@@ -136,8 +136,9 @@ class WaylandDesktop(Desktop):
 
     # ---- the screen
 
-    def picture(self, left=0, top=0, width=Desktop.width, height=Desktop.height):
-        command = ["grim", "-t", "ppm", "-s", "1", "-g", f"{left},{top} {width}x{height}", "-"]
+    def picture(self, left=0, top=0, width=None, height=None):
+        place = f"{left},{top} {width or self.width}x{height or self.height}"
+        command = ["grim", "-t", "ppm", "-s", "1", "-g", place, "-"]
         found = subprocess.run(command, env=self.environment, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL,
                                check=False).stdout
         return found.split(b"\n255\n", 1)[-1]
@@ -201,6 +202,23 @@ class PluggableDesktop(WaylandDesktop):
         before = self.outputs().keys()
         self.tell("create_output")
         return wait_for(lambda: [*self.outputs().keys() - before], "an output more")[0]
+
+
+class LabwcDesktop(WaylandDesktop):
+    """A session of a compositor that stacks windows. Its background is black."""
+    program = "labwc"
+    width, height = 1280, 720
+    background = bytes(3)
+
+    def start_compositor(self):
+        settings = self.place / "labwc"
+        settings.mkdir()
+        (settings / "rc.xml").write_text("<labwc_config/>\n")
+        self.compositor = self.start_as_nobody("labwc", "--config-dir", str(settings), WLR_HEADLESS_OUTPUTS="1")
+        self.socket = wait_for(self.sockets, "a compositor").pop()
+        self.environment["WAYLAND_DISPLAY"] = str(self.socket)
+        self.connect_devices()
+        wait_for(lambda: self.color(2, 2) == self.background, "a background")
 
 
 class DesktopWithoutLayers(WaylandDesktop):
