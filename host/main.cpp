@@ -33,6 +33,18 @@ HostedWidgets hostedWidgets() {
     std::_Exit(status);
 }
 
+std::optional<BackEndProblem> prepareDisplay(const Options& options) {
+    if (options.task == Task::renderCard || options.task == Task::renderGallery) {
+        useMemory();
+        return std::nullopt;
+    }
+    const auto choice = chooseBackEnd(displayFacts(options.backEnd));
+    if (!choice)
+        return choice.error();
+    useBackEnd(choice->backEnd);
+    return std::nullopt;
+}
+
 int perform(const Options& options, const Formats& formats) {
     Worker worker;
     switch (options.task) {
@@ -56,16 +68,14 @@ int main(int count, char** words) {
         std::fputs(options.error().text.c_str(), options.error().status == 0 ? stdout : stderr);
         return options.error().status;
     }
-    const bool isPlatformChosen = std::getenv(platformVariable) != nullptr;
-    if (const auto problem = chooseDisplay(options->task)) {
-        std::fprintf(stderr, "vantel-widgets: %s\n", problem->c_str());
+    if (const auto problem = prepareDisplay(*options)) {
+        std::fprintf(stderr, "vantel-widgets: %s\n", sentence(*problem).c_str());
         return EXIT_FAILURE;
     }
     QApplication::setApplicationName(QStringLiteral("vantel-widgets"));
     QApplication::setDesktopFileName(QStringLiteral("org.vantel.Widgets"));
     const QApplication application(count, words);
-    if (!isPlatformChosen) // programs that are started from here choose for themselves
-        ::unsetenv(platformVariable);
+    releasePlatform();
     const std::string locale = currentFormatLocale();
     QApplication::setLayoutDirection(QLocale(QString::fromStdString(locale)).textDirection());
     const LocalizedFormats formats(locale);

@@ -1,6 +1,11 @@
 #include "host/app/Display.h"
 
+#include "host/surface/WaylandEnvironment.h"
+
+#include <QDir>
+#include <QLibraryInfo>
 #include <cstdlib>
+#include <optional>
 
 #include <xcb/xcb.h>
 
@@ -8,52 +13,74 @@ namespace vantel {
 
 namespace {
 
+constexpr const char* platformVariable = "QT_QPA_PLATFORM";
+
+/// What the variable held before it was written here.
+std::optional<std::string>& platformBefore() {
+    static std::optional<std::string> before;
+    return before;
+}
+
 std::string valueOf(const char* variable) {
     const char* value = std::getenv(variable);
     return value == nullptr ? "" : value;
 }
 
-bool isSet(const char* variable) {
-    return !valueOf(variable).empty();
-}
-
 void choose(const char* platform) {
+    platformBefore() = valueOf(platformVariable);
     ::setenv(platformVariable, platform, 1);
 }
 
-/// Many sessions ask all programs for Wayland, where an ordinary window could place itself nowhere.
-bool asksForWayland() {
-    return valueOf(platformVariable).starts_with("wayland");
-}
-
 /// The toolkit would end the program with advice to install it anew.
-std::optional<std::string> problemWithServer(const std::string& display) {
-    xcb_connection_t* connection = ::xcb_connect(display.c_str(), nullptr);
+DisplayFacts::XServer askXServer() {
+    if (valueOf("DISPLAY").empty())
+        return DisplayFacts::XServer::none;
+    xcb_connection_t* connection = ::xcb_connect(nullptr, nullptr);
     const bool isWorking = ::xcb_connection_has_error(connection) == 0;
     ::xcb_disconnect(connection);
-    if (isWorking)
-        return std::nullopt;
-    return "the display " + display + " does not answer";
+    return isWorking ? DisplayFacts::XServer::answering : DisplayFacts::XServer::silent;
+}
+
+DisplayFacts::ToolkitPart findWaylandPart() {
+    const QDir folder(QLibraryInfo::path(QLibraryInfo::PluginsPath) + u"/platforms"_qs);
+    const bool isThere = !folder.entryList({u"libqwayland*.so"_qs}, QDir::Files).isEmpty();
+    return isThere ? DisplayFacts::ToolkitPart::installed : DisplayFacts::ToolkitPart::missing;
 }
 
 } // namespace
 
-std::optional<std::string> chooseDisplay(Task task) {
-    if (task == Task::renderCard || task == Task::renderGallery) {
-        choose("offscreen");
-        ::setenv("QT_LOGGING_RULES", "default.warning=false",
-                 0); // it misses folders that pictures do not need
-        return std::nullopt;
-    }
-    if (isSet(platformVariable) && !asksForWayland())
-        return std::nullopt;
-    if (isSet("DISPLAY")) {
+DisplayFacts displayFacts(WantedBackEnd wanted) {
+    DisplayFacts facts{.wanted = wanted,
+                       .platform = valueOf(platformVariable),
+                       .compositor = askCompositor(),
+                       .waylandPart = findWaylandPart()};
+    if (!chooseBackEnd(facts))
+        facts.xServer = askXServer();
+    return facts;
+}
+
+void useBackEnd(BackEnd backEnd) {
+    if (backEnd == BackEnd::x11)
         choose("xcb");
-        return problemWithServer(valueOf("DISPLAY"));
-    }
-    if (isSet("WAYLAND_DISPLAY"))
-        return "this Wayland session has no X server (Xwayland) beside it, which the widgets need";
-    return "there is no display here (neither DISPLAY nor WAYLAND_DISPLAY is set)";
+    if (backEnd != BackEnd::wayland)
+        return;
+    choose("wayland");
+    for (const char* variable : waylandEnvironment)
+        ::setenv(variable, "1", 1);
+}
+
+void useMemory() {
+    choose("offscreen");
+    ::setenv("QT_LOGGING_RULES", "default.warning=false", 0); // it misses folders that pictures do not need
+}
+
+void releasePlatform() {
+    if (!platformBefore())
+        return;
+    if (platformBefore()->empty())
+        ::unsetenv(platformVariable);
+    else
+        ::setenv(platformVariable, platformBefore()->c_str(), 1);
 }
 
 } // namespace vantel

@@ -1,19 +1,24 @@
 #pragma once
 
+#include "host/app/BackEnd.h"
 #include "host/app/Options.h"
 
-#include <optional>
-#include <string>
+#include <expected>
 
 namespace vantel {
 
-/// Tells the toolkit what to draw on.
-inline constexpr const char* platformVariable = "QT_QPA_PLATFORM";
+/// What this session offers. Asks its compositor; and its X server only where there is no choice without it,
+/// because many compositors start theirs when the first program asks for it.
+DisplayFacts displayFacts(WantedBackEnd wanted);
 
-/// Chooses what the toolkit draws on, by its environment variable, before there is an application object:
-/// memory for pictures; for widgets the X server, in Wayland sessions too, where an ordinary window could
-/// place itself nowhere. A choice of the user's stands, but for Wayland. Returns why there is nothing to draw
-/// on, for people.
-std::optional<std::string> chooseDisplay(Task task);
+/// Tells the toolkit what to draw on, by its environment variables, before there is an application object.
+void useBackEnd(BackEnd backEnd);
+
+/// Makes the toolkit draw into memory.
+void useMemory();
+
+/// Takes back what was told of the toolkit's platform, once there is an application object: programs that are
+/// started from here choose for themselves.
+void releasePlatform();
 
 } // namespace vantel

@@ -1,5 +1,6 @@
 #include "host/app/Options.h"
 
+#include <map>
 #include <sstream>
 
 #include <CLI/CLI.hpp>
@@ -19,6 +20,7 @@ public:
         m_app.set_version_flag("--version", version);
         m_app.failure_message(CLI::FailureMessage::simple);
         addSnapshotOptions(m_app);
+        addBackEnd();
         addGallery();
         addRender();
     }
@@ -32,6 +34,20 @@ private:
             app.add_option("--snapshot", m_options.snapshotFile, "Show this document")->type_name("FILE");
         app.add_flag("--placeholder", m_options.usesPlaceholder, "Show the sample day of the moment")
             ->excludes(file);
+    }
+
+    void addBackEnd() {
+        const std::map<std::string, WantedBackEnd> names{{"auto", WantedBackEnd::automatic},
+                                                         {"x11", WantedBackEnd::x11},
+                                                         {"wayland", WantedBackEnd::wayland}};
+        m_app
+            .add_option_function<std::string>(
+                "--backend", [=, this](const std::string& name) { m_options.backEnd = names.at(name); },
+                "What the widgets stand on: auto (layers of the desktop where the Wayland compositor has "
+                "them, "
+                "else the X server), x11, or wayland")
+            ->check(CLI::IsMember({"auto", "x11", "wayland"}))
+            ->type_name("");
     }
 
     CLI::Option* addOutput(CLI::App& app) {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "hosting/WidgetFamily.h"
+#include "host/app/BackEnd.h"
 
 #include <expected>
 #include <optional>
@@ -22,6 +22,7 @@ struct Options {
     std::optional<std::string> at;
     std::optional<std::string> snapshotFile;
     bool usesPlaceholder = false;
+    WantedBackEnd backEnd = WantedBackEnd::automatic;
 };
 
 /// Why there is nothing to do: a text to print, and the exit status that goes with it.

@@ -1,6 +1,7 @@
 #include "host/bus/LinkOpener.h"
 
 #include "host/bus/SchemeHandlers.h"
+#include "host/surface/WaylandEnvironment.h"
 #include "platform/TextKey.h"
 
 #include <QDBusMessage>
@@ -37,7 +38,8 @@ bool startsDetached(const QString& program, const QStringList& arguments) {
         return false;
     QProcess process;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.remove(u"QT_WAYLAND_USE_BYPASSWINDOWMANAGERHINT"_qs); // meant for this program's own windows
+    for (const char* own : waylandEnvironment)
+        environment.remove(QString::fromLatin1(own));
     process.setProcessEnvironment(environment);
     process.setProgram(path);
     process.setArguments(arguments);

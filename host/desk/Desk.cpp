@@ -44,7 +44,7 @@ bool liesOver(const QRect& card, const std::vector<QRect>& others) {
 void Desk::Deleter::operator()(CardWindow* window) const {
     // It may be the window itself that asked to be removed, and it shall ask for nothing more.
     window->disconnect();
-    window->hide();
+    window->hideCard();
     window->deleteLater();
 }
 
@@ -281,11 +281,11 @@ void Desk::drop(const Uuid& id) {
     CardWindow& dropped = *window(id);
     const Monitor* monitor = monitorAt(dropped.cardGeometry().center(), monitors);
     if (monitor == nullptr)
-        return;
+        return dropped.settleCard(dropped.cardScreen());
     adopt(*monitor, monitors);
     settle(*find(id), dropped.cardGeometry(), *monitor);
     m_parts.store.save(m_placements);
-    dropped.setCardScreen(monitor->screen);
+    dropped.settleCard(monitor->screen);
 }
 
 void Desk::run(const Uuid& id, MenuCommand command) {

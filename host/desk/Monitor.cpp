@@ -44,6 +44,21 @@ const Monitor* replacementOf(const Placement& placement, const std::vector<Monit
     return isOnly ? &monitors.front() : nullptr;
 }
 
+bool isSameConnector(const MonitorIdentity& wanted, const MonitorIdentity& found) {
+    return wanted.name == found.name && (!saysMake(wanted) || !saysMake(found));
+}
+
+/// What the X server of a Wayland session calls its monitors where it knows nothing of them.
+bool isNumbered(const MonitorIdentity& identity) {
+    return !saysMake(identity) && identity.name.starts_with("XWAYLAND");
+}
+
+bool wasPlacedElsewhere(const MonitorIdentity& wanted, const std::vector<Monitor>& monitors) {
+    const bool areNumbered =
+        std::ranges::any_of(monitors, [](const Monitor& each) { return isNumbered(each.identity); });
+    return isNumbered(wanted) != areNumbered;
+}
+
 } // namespace
 
 MonitorFrame frameOf(const Monitor& monitor) {
@@ -60,12 +75,19 @@ const Monitor* monitorOf(const Placement& placement, const std::vector<Monitor>&
     const auto exact = std::ranges::find(monitors, placement.monitor, &Monitor::identity);
     if (exact != monitors.end())
         return &*exact;
-    if (isNameless(placement.monitor))
-        return replacementOf(placement, monitors, all, seen);
-    const auto moved = std::ranges::find_if(monitors, [&](const Monitor& monitor) {
-        return isMovedTo(placement.monitor, monitor.identity, all);
-    });
-    return moved != monitors.end() ? &*moved : nullptr;
+    const auto find = [&](const auto& isMeant) {
+        const auto found = std::ranges::find_if(monitors, isMeant, &Monitor::identity);
+        return found != monitors.end() ? &*found : nullptr;
+    };
+    if (const Monitor* moved = find(
+            [&](const MonitorIdentity& identity) { return isMovedTo(placement.monitor, identity, all); }))
+        return moved;
+    if (const Monitor* same = find(
+            [&](const MonitorIdentity& identity) { return isSameConnector(placement.monitor, identity); }))
+        return same;
+    if (!monitors.empty() && wasPlacedElsewhere(placement.monitor, monitors))
+        return &monitors.front();
+    return isNameless(placement.monitor) ? replacementOf(placement, monitors, all, seen) : nullptr;
 }
 
 } // namespace vantel

@@ -35,6 +35,10 @@ bool isNameless(const MonitorIdentity& identity);
 /// another connector. One without a serial number is recognised on another connector only if no placement
 /// belongs to the monitor there: so two equal ones side by side are not mistaken for each other.
 ///
+/// A user may go from a session that knows its monitors to one that does not, such as the X server of a
+/// Wayland session: then it is the one on the same connector; else, where monitors are only numbered, the
+/// first.
+///
 /// A nameless one is looked for among nameless ones that no placement belongs to: it is the one in the frame
 /// that the placement remembers; else, since connectors get other names with other drivers and docks, the
 /// only monitor there is, unless the two were seen together. Better on a wrong monitor than hidden for ever.

@@ -8,24 +8,9 @@
 
 namespace vantel {
 
-namespace {
-
-MonitorIdentity identityOf(const QScreen& screen) {
-    return {.manufacturer = screen.manufacturer().toStdString(),
-            .model = screen.model().toStdString(),
-            .serial = screen.serialNumber().toStdString(),
-            .name = screen.name().toStdString()};
-}
-
-bool isStandIn(const QScreen& screen) {
-    return screen.geometry().isEmpty() ||
-           (identityOf(screen) == MonitorIdentity() && screen.physicalSize().isEmpty());
-}
-
-} // namespace
-
-SystemScreens::SystemScreens(QObject* parent)
-    : Screens(parent) {
+SystemScreens::SystemScreens(SerialOf serialOf, QObject* parent)
+    : Screens(parent)
+    , m_serialOf(std::move(serialOf)) {
     for (QScreen* screen : QGuiApplication::screens())
         watch(screen);
     connect(qGuiApp, &QGuiApplication::screenAdded, this, [this](QScreen* screen) {
@@ -34,6 +19,18 @@ SystemScreens::SystemScreens(QObject* parent)
     });
     connect(qGuiApp, &QGuiApplication::screenRemoved, this, &SystemScreens::announce);
     connect(qGuiApp, &QGuiApplication::primaryScreenChanged, this, &SystemScreens::announce);
+}
+
+MonitorIdentity SystemScreens::identityOf(const QScreen& screen) const {
+    return {.manufacturer = screen.manufacturer().toStdString(),
+            .model = screen.model().toStdString(),
+            .serial = m_serialOf(screen),
+            .name = screen.name().toStdString()};
+}
+
+bool SystemScreens::isStandIn(const QScreen& screen) const {
+    return screen.geometry().isEmpty() ||
+           (identityOf(screen) == MonitorIdentity() && screen.physicalSize().isEmpty());
 }
 
 std::vector<Monitor> SystemScreens::monitors() const {

@@ -3,6 +3,7 @@
 #include "host/desk/Monitor.h"
 
 #include <QObject>
+#include <functional>
 
 namespace vantel {
 
@@ -26,14 +27,20 @@ class SystemScreens final : public Screens {
     Q_OBJECT
 
 public:
-    explicit SystemScreens(QObject* parent = nullptr);
+    /// The toolkit does not know the serial number of a screen everywhere.
+    using SerialOf = std::function<std::string(const QScreen&)>;
+
+    explicit SystemScreens(SerialOf serialOf, QObject* parent = nullptr);
 
     std::vector<Monitor> monitors() const override;
 
 private:
+    MonitorIdentity identityOf(const QScreen& screen) const;
+    bool isStandIn(const QScreen& screen) const;
     void watch(QScreen* screen) const;
     void announce();
 
+    SerialOf m_serialOf;
     bool m_isAnnouncing = false;
 };
 

@@ -48,7 +48,10 @@ CardWindow::CardWindow(QWidget* card, double scale, WindowSystem& windows, const
     layOut();
     connect(&windows, &WindowSystem::blendingChanged, this, &CardWindow::shapeCard);
     connect(&windows, &WindowSystem::managerChanged, this, &CardWindow::showAgain);
-    connect(&m_drag, &CardDrag::began, this, [this] { m_dragOrigin = cardGeometry().topLeft(); });
+    connect(&m_drag, &CardDrag::began, this, [this] {
+        m_dragOrigin = cardGeometry().topLeft();
+        m_surface->lift();
+    });
     connect(&m_drag, &CardDrag::moved, this,
             [this](QPoint distance) { Q_EMIT dragged(m_dragOrigin + distance); });
     connect(&m_drag, &CardDrag::ended, this, &CardWindow::dropped);
@@ -62,7 +65,7 @@ QPoint CardWindow::shadowOffset() const {
 }
 
 QRect CardWindow::cardGeometry() const {
-    return m_card->geometry().translated(pos());
+    return m_card->geometry().translated(m_surface->position());
 }
 
 void CardWindow::setScale(double scale) {
@@ -95,9 +98,19 @@ void CardWindow::moveCard(QPoint position) {
     m_surface->move(position - shadowOffset());
 }
 
+void CardWindow::hideCard() {
+    m_isPlaced = false;
+    m_surface->hide();
+}
+
+void CardWindow::settleCard(QScreen* screen) {
+    m_screen = screen;
+    m_surface->settle(screen);
+}
+
 void CardWindow::showAgain() {
     if (m_isPlaced)
-        m_surface->show(m_screen, pos());
+        m_surface->show(m_screen, m_surface->position());
 }
 
 void CardWindow::takeFocus() {
@@ -143,7 +156,7 @@ void CardWindow::openMenu(QPoint position) {
                    m_formats);
     if (m_hasTakenFocus)
         connect(menu, &QMenu::aboutToHide, this, &CardWindow::noticeLoss, Qt::QueuedConnection);
-    menu->popup(mapToGlobal(position));
+    m_surface->openMenu(*menu, position);
 }
 
 bool CardWindow::event(QEvent* event) {
@@ -192,6 +205,7 @@ void CardWindow::changeEvent(QEvent* event) {
 void CardWindow::closeEvent(QCloseEvent* event) {
     // A window manager may close the window, but removing the widget is the menu's business. While the
     // program quits, nothing that is queued here is heard any more.
+    m_surface->hide();
     QMetaObject::invokeMethod(this, &CardWindow::showAgain, Qt::QueuedConnection);
     QWidget::closeEvent(event);
 }

@@ -35,9 +35,14 @@ public:
     void showCard(QScreen* screen, QPoint position);
     void moveCard(QPoint position);
 
-    /// The screen that the card was shown on, or was dragged to.
+    /// Takes the card from the desktop, until it is shown again.
+    void hideCard();
+
+    /// The screen that the card was shown on, or was dropped on.
     QScreen* cardScreen() const { return m_screen; }
-    void setCardScreen(QScreen* screen) { m_screen = screen; }
+
+    /// Ends a drag where the card was moved to last, on that screen.
+    void settleCard(QScreen* screen);
 
     /// Brings the keyboard to the first link or button of the card. Escape, or another window, takes it away.
     /// Keys that come while it was not brought do nothing, whatever sent them here.

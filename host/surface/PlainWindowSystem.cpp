@@ -1,5 +1,7 @@
 #include "host/surface/PlainWindowSystem.h"
 
+#include "host/surface/WindowSurface.h"
+
 #include <QGuiApplication>
 #include <QWidget>
 
@@ -7,27 +9,22 @@ namespace vantel {
 
 namespace {
 
-class PlainSurface final : public Surface {
+class PlainSurface final : public WindowSurface {
 public:
     explicit PlainSurface(QWidget& window)
-        : m_window(window) {
+        : WindowSurface(window) {
         window.setWindowFlags(Qt::FramelessWindowHint | Qt::WindowStaysOnBottomHint);
     }
 
     void show(QScreen*, QPoint position) override {
-        m_window.move(position);
-        m_window.show();
+        widget().move(position);
+        widget().show();
     }
 
-    void move(QPoint position) override { m_window.move(position); }
-    void hide() override { m_window.hide(); }
     void setCardShape(const QRegion&) override {}
-    void takeFocus() override { m_window.activateWindow(); }
-    bool hasKeyboard() const override { return QGuiApplication::focusWindow() == m_window.windowHandle(); }
-    void giveFocusBack() override { m_window.clearFocus(); }
-
-private:
-    QWidget& m_window;
+    void takeFocus() override { widget().activateWindow(); }
+    bool hasKeyboard() const override { return QGuiApplication::focusWindow() == widget().windowHandle(); }
+    void giveFocusBack() override { widget().clearFocus(); }
 };
 
 } // namespace

@@ -3,6 +3,7 @@
 #include <QPoint>
 #include <QRegion>
 
+class QMenu;
 class QScreen;
 
 namespace vantel {
@@ -20,6 +21,18 @@ public:
     virtual void show(QScreen* screen, QPoint position) = 0;
     virtual void move(QPoint position) = 0;
     virtual void hide() = 0;
+
+    /// Where the window stands, or is on its way to.
+    virtual QPoint position() const = 0;
+
+    /// Until `settle`, every move follows a pointer that was pressed in the window.
+    virtual void lift() = 0;
+
+    /// The window was dropped on a screen, where its last move brought it.
+    virtual void settle(QScreen* screen) = 0;
+
+    /// Opens a menu of the window at a place in it. The menu closes by itself.
+    virtual void openMenu(QMenu& menu, QPoint place) = 0;
 
     /// The part of the window that is the card, in the window's logical pixels. Clicks beyond it go to what
     /// lies behind; where nothing blends windows, the rest is cut off.

@@ -4,7 +4,9 @@
 
 #include <QObject>
 #include <memory>
+#include <string>
 
+class QScreen;
 class QWidget;
 
 namespace vantel {
@@ -23,6 +25,9 @@ public:
     virtual std::unique_ptr<Surface> makeSurface(QWidget& window) = 0;
     virtual Blending blending() const = 0;
 
+    /// The serial number of a screen; empty where nobody tells it.
+    virtual std::string serialNumber(const QScreen& screen);
+
 Q_SIGNALS:
     void blendingChanged();
 
@@ -30,8 +35,8 @@ Q_SIGNALS:
     void managerChanged();
 };
 
-/// The one that fits the application's platform: X11, or where no desktop is known (as in tests), windows
-/// that are no more than shown.
+/// The one that fits the application's platform: X11, Wayland with layers, or where no desktop is known (as
+/// in tests), windows that are no more than shown.
 std::unique_ptr<WindowSystem> makeWindowSystem();
 
 } // namespace vantel

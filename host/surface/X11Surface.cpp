@@ -36,47 +36,47 @@ xcb_rectangle_t deviceRectangle(const QRect& rectangle, double ratio) {
 } // namespace
 
 X11Surface::X11Surface(QWidget& window, X11WindowSystem& system)
-    : m_widget(window)
+    : WindowSurface(window)
     , m_system(system)
     , m_connection(system.connection()) {
-    m_widget.setAttribute(Qt::WA_ShowWithoutActivating);
-    m_widget.setAttribute(Qt::WA_TranslucentBackground);
+    widget().setAttribute(Qt::WA_ShowWithoutActivating);
+    widget().setAttribute(Qt::WA_TranslucentBackground);
 }
 
 xcb_window_t X11Surface::window() const {
-    return static_cast<xcb_window_t>(m_widget.winId());
+    return static_cast<xcb_window_t>(widget().winId());
 }
 
 void X11Surface::show(QScreen* screen, QPoint position) {
-    m_widget.hide();
+    widget().hide();
     m_mode = windowMode(m_system.manager());
     chooseFlags();
     if (screen != nullptr)
-        m_widget.setScreen(screen);
-    m_widget.move(position);
+        widget().setScreen(screen);
+    widget().move(position);
     announce();
     applyShape();
-    m_widget.show();
+    widget().show();
     standBelow();
     m_connection.flush();
-    QTimer::singleShot(arrivalTime, &m_widget, [this] { showAgainIfLost(); });
+    QTimer::singleShot(arrivalTime, &widget(), [this] { showAgainIfLost(); });
 }
 
 void X11Surface::showAgainIfLost() {
     const bool isManaged = m_system.manager().presence == WindowManager::Presence::running &&
                            m_mode != WindowMode::overrideRedirect;
     const bool isLost =
-        isManaged && m_widget.isVisible() && m_connection.numbers(window(), "WM_STATE").empty();
+        isManaged && widget().isVisible() && m_connection.numbers(window(), "WM_STATE").empty();
     if (isLost && m_triesLeft-- > 0)
-        show(m_widget.screen(), m_widget.pos());
+        show(widget().screen(), widget().pos());
 }
 
 void X11Surface::chooseFlags() {
     Qt::WindowFlags flags = Qt::Window | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint;
     flags |=
         m_mode == WindowMode::overrideRedirect ? Qt::X11BypassWindowManagerHint : Qt::WindowStaysOnBottomHint;
-    if (m_widget.windowFlags() != flags)
-        m_widget.setWindowFlags(flags);
+    if (widget().windowFlags() != flags)
+        widget().setWindowFlags(flags);
 }
 
 void X11Surface::announce() const {
@@ -116,26 +116,18 @@ void X11Surface::setKeyboard(Keyboard keyboard) const {
     m_connection.setNumbers(window(), "WM_HINTS", XCB_ATOM_WM_HINTS, hints);
 }
 
-void X11Surface::move(QPoint position) {
-    m_widget.move(position);
-}
-
-void X11Surface::hide() {
-    m_widget.hide();
-}
-
 void X11Surface::setCardShape(const QRegion& shape) {
     m_shape = shape;
-    if (m_widget.isVisible())
+    if (widget().isVisible())
         applyShape();
 }
 
 void X11Surface::applyShape() const {
     if (m_system.blending() == Blending::none)
-        m_widget.setMask(m_shape);
+        widget().setMask(m_shape);
     else
-        m_widget.clearMask();
-    const double ratio = m_widget.devicePixelRatioF();
+        widget().clearMask();
+    const double ratio = widget().devicePixelRatioF();
     std::vector<xcb_rectangle_t> rectangles;
     for (const QRect& rectangle : m_shape)
         rectangles.push_back(deviceRectangle(rectangle, ratio));
@@ -148,7 +140,7 @@ void X11Surface::takeFocus() {
     setKeyboard(Keyboard::accepted);
     changeState(StateChange::remove, "_NET_WM_STATE_BELOW");
     changeState(StateChange::add, "_NET_WM_STATE_ABOVE");
-    m_widget.raise();
+    widget().raise();
     activate();
     m_connection.flush();
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "host/surface/WindowSurface.h"
 #include "host/surface/X11WindowSystem.h"
 
 #include <QWidget>
@@ -8,13 +9,11 @@ namespace vantel {
 
 /// A desktop window on X11, as the running window manager needs it. Types and hints are set before the window
 /// is mapped; states are asked for afterwards, because the toolkit writes that property when it maps.
-class X11Surface final : public Surface {
+class X11Surface final : public WindowSurface {
 public:
     X11Surface(QWidget& window, X11WindowSystem& system);
 
     void show(QScreen* screen, QPoint position) override;
-    void move(QPoint position) override;
-    void hide() override;
     void setCardShape(const QRegion& shape) override;
     void takeFocus() override;
     bool hasKeyboard() const override;
@@ -37,7 +36,6 @@ private:
     /// A window manager that is only just starting can miss a window, which then is never seen.
     void showAgainIfLost();
 
-    QWidget& m_widget;
     X11WindowSystem& m_system;
     const X11Connection& m_connection;
     WindowMode m_mode = WindowMode::normalBelow;

@@ -15,6 +15,10 @@ const MonitorIdentity twinRight{"Plain", "Twin", "", "DP-2"};
 const MonitorIdentity nameOnly{"", "", "", "Virtual-1"};
 const MonitorIdentity otherName{"", "", "", "Virtual-2"};
 
+const MonitorIdentity externalByName{"", "", "", "DP-1"};
+const MonitorIdentity numbered{"", "", "", "XWAYLAND0"};
+const MonitorIdentity numberedNext{"", "", "", "XWAYLAND1"};
+
 struct MonitorCase {
     const char* title;
     MonitorIdentity wanted;
@@ -50,6 +54,14 @@ TEST(MonitorOf, FindsTheMonitorThatIsMeant) {
         {"only one that is no nameless one", nameOnly, {laptop}, {}, std::nullopt},
         {"not the only one", nameOnly, {laptop, otherName}, {}, std::nullopt},
         {"a named one does not come back as a nameless one", external, {otherName}, {}, std::nullopt},
+        {"placed where makes were unknown", externalByName, {laptop, external}, {}, external},
+        {"placed where makes were known", external, {nameOnly, externalByName}, {}, externalByName},
+        {"another make on the same connector", external, {twinLeft}, {}, std::nullopt},
+        {"placed where monitors were numbered", numbered, {laptop, external}, {}, laptop},
+        {"placed where monitors were not numbered", external, {numbered, numberedNext}, {}, numbered},
+        {"another number, and nothing else", numberedNext, {numbered}, {}, numbered},
+        {"another number that others belong to", numberedNext, {numbered}, {numbered}, std::nullopt},
+        {"numbered, and nothing connected", numbered, {}, {}, std::nullopt},
     };
     for (const MonitorCase& row : cases)
         EXPECT_EQ(found(row), row.expected) << row.title;

@@ -9,8 +9,12 @@ namespace vantel {
 
 namespace {
 
+std::string serialOf(const QScreen& screen) {
+    return "number of " + screen.name().toStdString();
+}
+
 TEST(SystemScreens, AreTheApplicationsWithThePrimaryOneFirst) {
-    const SystemScreens screens;
+    const SystemScreens screens(serialOf);
     const std::vector<Monitor> monitors = screens.monitors();
     ASSERT_EQ(monitors.size(), static_cast<std::size_t>(QGuiApplication::screens().size()));
     const QScreen& primary = *QGuiApplication::primaryScreen();
@@ -18,10 +22,11 @@ TEST(SystemScreens, AreTheApplicationsWithThePrimaryOneFirst) {
     EXPECT_EQ(monitors.front().geometry, primary.geometry());
     EXPECT_EQ(monitors.front().available, primary.availableGeometry());
     EXPECT_EQ(monitors.front().identity.name, primary.name().toStdString());
+    EXPECT_EQ(monitors.front().identity.serial, serialOf(primary));
 }
 
 TEST(SystemScreens, SayABurstOfChangesOnce) {
-    SystemScreens screens;
+    SystemScreens screens(serialOf);
     int said = 0;
     QObject::connect(&screens, &Screens::changed, [&] { ++said; });
     QScreen& primary = *QGuiApplication::primaryScreen();

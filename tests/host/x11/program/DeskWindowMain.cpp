@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QGuiApplication>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QMouseEvent>
 #include <QSocketNotifier>
@@ -14,6 +15,14 @@
 namespace vantel::testing {
 
 namespace {
+
+/// Says which keys it hears.
+class PlainWindow final : public QWidget {
+protected:
+    void keyPressEvent(QKeyEvent* event) override {
+        std::cout << "typed " << event->text().toStdString() << std::endl;
+    }
+};
 
 /// One window of a colour: `card` as the desk shows it, `normal` as any program's, `desktop` as a file
 /// manager's. Says "ready ID" once it is shown, and what happens to it; does what it is told line by line.
@@ -79,7 +88,7 @@ private:
     }
 
     std::string m_role;
-    QWidget m_plain;
+    PlainWindow m_plain;
     PlainFormats m_formats;
     std::unique_ptr<WindowSystem> m_windows;
     std::unique_ptr<CardWindow> m_card;

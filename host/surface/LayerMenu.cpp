@@ -1,0 +1,87 @@
+#include "host/surface/LayerMenu.h"
+
+#include <QGuiApplication>
+#include <QScreen>
+#include <QWindow>
+#include <algorithm>
+#include <utility>
+
+namespace vantel {
+
+namespace {
+
+int beside(int place, int length, int begin, int end) {
+    const bool fits = place + length <= end;
+    return std::clamp(fits ? place : place - length, begin, std::max(begin, end - length));
+}
+
+} // namespace
+
+QPoint menuPosition(QPoint place, QSize menu, const QRect& screen) {
+    return {beside(place.x(), menu.width(), screen.x(), screen.x() + screen.width()),
+            beside(place.y(), menu.height(), screen.y(), screen.y() + screen.height())};
+}
+
+/// The application sends every click to the menu that is open, so a sheet needs to do nothing.
+struct LayerMenu::Sheet {
+    QWidget widget;
+    LayerWindow window;
+
+    /// An ordinary window would close the menu when it is shown, but a tool does not.
+    Sheet(QScreen& screen, const WaylandConnection& connection)
+        : widget(nullptr, Qt::Tool)
+        , window(widget, connection) {
+        widget.setAttribute(Qt::WA_TranslucentBackground);
+        widget.setAttribute(Qt::WA_ShowWithoutActivating);
+        widget.setAttribute(Qt::WA_QuitOnClose, false);
+        widget.setGeometry(screen.geometry());
+        connect(&window, &LayerWindow::ready, &widget, &QWidget::show);
+        const QSize size = screen.geometry().size();
+        window.stand(screen, {.layer = layershell::Layer::top, .size = size, .input = QRect({}, size)});
+    }
+};
+
+LayerMenu::LayerMenu(QMenu& menu, const WaylandConnection& connection, QScreen& screen, QPoint place)
+    : QObject(&menu)
+    , m_menu(menu)
+    , m_connection(connection)
+    , m_window(menu, connection) {
+    menu.ensurePolished();
+    const QSize size = menu.sizeHint();
+    m_place = menuPosition(place, size, screen.geometry());
+    connect(&m_window, &LayerWindow::ready, this, &LayerMenu::open);
+    connect(&m_window, &LayerWindow::closed, &menu, &QWidget::close);
+    // A sheet may be about to be shown when the menu closes.
+    connect(&menu, &QMenu::aboutToHide, this, &LayerMenu::endSheets, Qt::QueuedConnection);
+    connect(qGuiApp, &QGuiApplication::screenRemoved, &menu, &QWidget::close);
+    connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, &LayerMenu::heedFocus);
+    m_window.stand(screen, {.layer = layershell::Layer::overlay,
+                            .keyboard = layershell::Keyboard::exclusive,
+                            .place = m_place - screen.geometry().topLeft(),
+                            .size = size,
+                            .input = QRect({}, size)});
+}
+
+LayerMenu::~LayerMenu() = default;
+
+void LayerMenu::open() {
+    layOutSheets();
+    m_menu.popup(m_place);
+}
+
+void LayerMenu::layOutSheets() {
+    for (QScreen* screen : QGuiApplication::screens())
+        m_sheets.push_back(std::make_unique<Sheet>(*screen, m_connection));
+}
+
+void LayerMenu::endSheets() {
+    m_sheets.clear();
+}
+
+void LayerMenu::heedFocus(const QWindow* focused) {
+    const bool isHere = focused == m_menu.windowHandle();
+    if (std::exchange(m_hasKeyboard, isHere) && focused == nullptr)
+        m_menu.close();
+}
+
+} // namespace vantel

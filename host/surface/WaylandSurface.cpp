@@ -1,0 +1,177 @@
+#include "host/surface/WaylandSurface.h"
+
+#include "host/surface/LayerMenu.h"
+
+#include <QEvent>
+#include <QGuiApplication>
+#include <QScreen>
+#include <algorithm>
+
+namespace vantel {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+/// A compositor may take surfaces away for good reasons, such as an output that is switched off, but one that
+/// does so each time is not asked ever faster.
+constexpr std::chrono::milliseconds firstPause = 250ms;
+constexpr std::chrono::milliseconds longestPause = 1min;
+
+QScreen* screenAt(QPoint point) {
+    const auto screens = QGuiApplication::screens();
+    const auto found =
+        std::ranges::find_if(screens, [&](const QScreen* each) { return each->geometry().contains(point); });
+    return found != screens.end() ? *found : nullptr;
+}
+
+} // namespace
+
+WaylandSurface::WaylandSurface(QWidget& window, const WaylandConnection& connection)
+    : m_widget(window)
+    , m_connection(connection)
+    , m_window(window, connection)
+    , m_pause(firstPause) {
+    window.installEventFilter(this);
+    connect(&m_window, &LayerWindow::ready, this, &WaylandSurface::appear);
+    connect(&m_window, &LayerWindow::closed, this, &WaylandSurface::waitToStand);
+    connect(qGuiApp, &QGuiApplication::screenRemoved, this, &WaylandSurface::loseScreen);
+    m_retry.setSingleShot(true);
+    connect(&m_retry, &QTimer::timeout, this, &WaylandSurface::stand);
+}
+
+void WaylandSurface::show(QScreen* screen, QPoint position) {
+    m_carried.reset();
+    setContent(Content::shown);
+    m_screen = screen;
+    m_position = position;
+    m_pause = firstPause;
+    stand();
+}
+
+void WaylandSurface::stand() {
+    m_retry.stop();
+    if (m_screen.isNull())
+        return m_window.takeDown();
+    m_ratio = m_screen->devicePixelRatio();
+    m_window.stand(*m_screen, state());
+}
+
+void WaylandSurface::appear() {
+    m_widget.move(m_position);
+    m_widget.show();
+}
+
+LayerState WaylandSurface::state() const {
+    const bool hasKeyboard = m_keyboard != layershell::Keyboard::none;
+    return {.layer = hasKeyboard ? layershell::Layer::top : layershell::Layer::bottom,
+            .keyboard = m_keyboard,
+            .place = m_position - m_screen->geometry().topLeft(),
+            .size = m_widget.size(),
+            .input = m_shape};
+}
+
+void WaylandSurface::update() {
+    if (!m_screen.isNull() && m_carried == nullptr)
+        m_window.change(state());
+}
+
+/// Nothing may be left of a surface when its output goes, and the toolkit would bring it to another one.
+void WaylandSurface::loseScreen(const QScreen* screen) {
+    m_carried.reset();
+    setContent(Content::shown);
+    if (screen != m_screen)
+        return;
+    m_screen.clear();
+    stand();
+}
+
+void WaylandSurface::waitToStand() {
+    m_retry.start(m_pause);
+    m_pause = std::min(2 * m_pause, longestPause);
+}
+
+void WaylandSurface::move(QPoint position) {
+    m_position = position;
+    if (m_carried != nullptr)
+        return carry();
+    if (!m_screen.isNull() && m_screen->devicePixelRatio() != m_ratio)
+        return stand();
+    m_widget.move(position);
+    update();
+}
+
+void WaylandSurface::hide() {
+    m_retry.stop();
+    m_carried.reset();
+    m_window.takeDown();
+}
+
+void WaylandSurface::lift() {
+    m_carried = std::make_unique<LayerPicture>(m_widget.grab(), m_connection);
+    connect(m_carried.get(), &LayerPicture::shown, this, [this] { setContent(Content::blank); });
+    carry();
+}
+
+void WaylandSurface::carry() {
+    if (QScreen* screen = screenAt(m_position + m_widget.rect().center()))
+        m_carried->show(*screen, m_position);
+}
+
+void WaylandSurface::settle(QScreen* screen) {
+    if (screen != m_screen)
+        return show(screen, m_position);
+    const auto carried = std::exchange(m_carried, nullptr);
+    move(m_position);
+    setContent(Content::shown);
+    m_widget.repaint();
+}
+
+void WaylandSurface::setContent(Content content) {
+    if (std::exchange(m_content, content) == content)
+        return;
+    for (auto* child : m_widget.findChildren<QWidget*>(Qt::FindDirectChildrenOnly))
+        if (!child->isWindow())
+            child->setVisible(content == Content::shown);
+    m_widget.update();
+}
+
+bool WaylandSurface::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::Resize)
+        update();
+    if (event->type() == QEvent::WindowActivate)
+        letGoOfKeyboard();
+    if (event->type() == QEvent::Paint && m_content == Content::blank)
+        return true;
+    return QObject::eventFilter(watched, event);
+}
+
+void WaylandSurface::openMenu(QMenu& menu, QPoint place) {
+    if (!m_screen.isNull())
+        new LayerMenu(menu, m_connection, *m_screen, m_position + place);
+}
+
+void WaylandSurface::setCardShape(const QRegion& shape) {
+    m_shape = shape;
+    update();
+}
+
+void WaylandSurface::takeFocus() {
+    m_keyboard = layershell::Keyboard::exclusive;
+    update();
+}
+
+/// Once it is here it may go to any window that is clicked.
+void WaylandSurface::letGoOfKeyboard() {
+    if (m_keyboard != layershell::Keyboard::exclusive)
+        return;
+    m_keyboard = layershell::Keyboard::onDemand;
+    update();
+}
+
+void WaylandSurface::giveFocusBack() {
+    m_keyboard = layershell::Keyboard::none;
+    update();
+}
+
+} // namespace vantel
