@@ -84,7 +84,7 @@ class WaylandDesktop(Desktop):
         self.environment["WAYLAND_DISPLAY"] = str(self.socket)
         self.environment["SWAYSOCK"] = str(next(self.runtime.glob(f"sway-ipc.*.{self.compositor.pid}.sock")))
         self.connect_devices()
-        wait_for(lambda: self.color(2, 700) == self.background, "a background")
+        wait_for(lambda: self.color(2, 600) == self.background, "a background")
 
     def connect_devices(self):
         def devices():
@@ -224,7 +224,7 @@ class LabwcDesktop(WaylandDesktop):
         self.socket = wait_for(self.sockets, "a compositor").pop()
         self.environment["WAYLAND_DISPLAY"] = str(self.socket)
         self.connect_devices()
-        wait_for(lambda: self.color(2, 700) == self.background, "a background")
+        wait_for(lambda: self.color(2, 600) == self.background, "a background")
 
 
 class DesktopWithoutLayers(WaylandDesktop):
