@@ -66,7 +66,7 @@ private:
     IntentRunner m_intents;
     CardShelf m_cards;
     std::unique_ptr<WindowSystem> m_windows = makeWindowSystem();
-    SystemScreens m_screens{[this](const QScreen& screen) { return m_windows->serialNumber(screen); }};
+    SystemScreens m_screens{*m_windows};
     PlacementSaver m_placements;
     Desk m_desk;
     QPointer<GalleryWindow> m_gallery;

@@ -1,5 +1,7 @@
 #include "host/desk/Screens.h"
 
+#include "host/surface/WindowSystem.h"
+
 #include <QGuiApplication>
 #include <QScreen>
 #include <QTimer>
@@ -8,9 +10,9 @@
 
 namespace vantel {
 
-SystemScreens::SystemScreens(SerialOf serialOf, QObject* parent)
+SystemScreens::SystemScreens(WindowSystem& windows, QObject* parent)
     : Screens(parent)
-    , m_serialOf(std::move(serialOf)) {
+    , m_windows(windows) {
     for (QScreen* screen : QGuiApplication::screens())
         watch(screen);
     connect(qGuiApp, &QGuiApplication::screenAdded, this, [this](QScreen* screen) {
@@ -24,7 +26,7 @@ SystemScreens::SystemScreens(SerialOf serialOf, QObject* parent)
 MonitorIdentity SystemScreens::identityOf(const QScreen& screen) const {
     return {.manufacturer = screen.manufacturer().toStdString(),
             .model = screen.model().toStdString(),
-            .serial = m_serialOf(screen),
+            .serial = m_windows.serialNumber(screen),
             .name = screen.name().toStdString()};
 }
 
@@ -38,7 +40,7 @@ std::vector<Monitor> SystemScreens::monitors() const {
     for (QScreen* screen : QGuiApplication::screens())
         if (!isStandIn(*screen))
             monitors.push_back(
-                {identityOf(*screen), screen->geometry(), screen->availableGeometry(), screen});
+                {identityOf(*screen), screen->geometry(), m_windows.availableGeometry(*screen), screen});
     std::ranges::stable_partition(
         monitors, [](const Monitor& each) { return each.screen == QGuiApplication::primaryScreen(); });
     return monitors;

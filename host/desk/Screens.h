@@ -3,9 +3,10 @@
 #include "host/desk/Monitor.h"
 
 #include <QObject>
-#include <functional>
 
 namespace vantel {
+
+class WindowSystem;
 
 /// The monitors that are connected now.
 class Screens : public QObject {
@@ -27,10 +28,8 @@ class SystemScreens final : public Screens {
     Q_OBJECT
 
 public:
-    /// The toolkit does not know the serial number of a screen everywhere.
-    using SerialOf = std::function<std::string(const QScreen&)>;
-
-    explicit SystemScreens(SerialOf serialOf, QObject* parent = nullptr);
+    /// The window system outlives it.
+    explicit SystemScreens(WindowSystem& windows, QObject* parent = nullptr);
 
     std::vector<Monitor> monitors() const override;
 
@@ -40,7 +39,7 @@ private:
     void watch(QScreen* screen) const;
     void announce();
 
-    SerialOf m_serialOf;
+    WindowSystem& m_windows;
     bool m_isAnnouncing = false;
 };
 

@@ -1,9 +1,10 @@
 #pragma once
 
+#include "host/surface/OutputProbe.h"
 #include "host/surface/WaylandConnection.h"
 #include "host/surface/WindowSystem.h"
 
-#include <map>
+#include <QElapsedTimer>
 
 namespace vantel {
 
@@ -17,11 +18,14 @@ public:
     std::unique_ptr<Surface> makeSurface(QWidget& window) override;
     Blending blending() const override { return Blending::blended; }
     std::string serialNumber(const QScreen& screen) override;
+    QRect availableGeometry(const QScreen& screen) override;
 
 private:
+    const ProbedOutput& output(const QScreen& screen);
+
     WaylandConnection m_connection;
-    std::optional<std::map<std::string, std::string>>
-        m_outputs; ///< what is said of each; absent after one came
+    std::map<std::string, ProbedOutput> m_outputs;
+    QElapsedTimer m_sinceProbe; ///< invalid when an output came
 };
 
 } // namespace vantel

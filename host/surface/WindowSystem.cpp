@@ -12,6 +12,10 @@ std::string WindowSystem::serialNumber(const QScreen& screen) {
     return screen.serialNumber().toStdString();
 }
 
+QRect WindowSystem::availableGeometry(const QScreen& screen) {
+    return screen.availableGeometry();
+}
+
 std::unique_ptr<WindowSystem> makeWindowSystem() {
     if (auto connection = X11Connection::ofApplication())
         return std::make_unique<X11WindowSystem>(std::move(*connection));

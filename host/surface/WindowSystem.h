@@ -3,6 +3,7 @@
 #include "host/surface/Surface.h"
 
 #include <QObject>
+#include <QRect>
 #include <memory>
 #include <string>
 
@@ -27,6 +28,9 @@ public:
 
     /// The serial number of a screen; empty where nobody tells it.
     virtual std::string serialNumber(const QScreen& screen);
+
+    /// The part of a screen that is without panels, as far as it is known.
+    virtual QRect availableGeometry(const QScreen& screen);
 
 Q_SIGNALS:
     void blendingChanged();

@@ -1,4 +1,5 @@
 #include "host/desk/Screens.h"
+#include "host/surface/WindowSystem.h"
 
 #include <QGuiApplication>
 #include <QScreen>
@@ -9,24 +10,35 @@ namespace vantel {
 
 namespace {
 
-std::string serialOf(const QScreen& screen) {
-    return "number of " + screen.name().toStdString();
-}
+constexpr QRect withoutPanel(0, 30, 100, 70);
+
+/// Knows more of screens than the toolkit.
+class KnowingWindows final : public WindowSystem {
+public:
+    std::unique_ptr<Surface> makeSurface(QWidget&) override { return nullptr; }
+    Blending blending() const override { return Blending::blended; }
+    std::string serialNumber(const QScreen& screen) override {
+        return "number of " + screen.name().toStdString();
+    }
+    QRect availableGeometry(const QScreen&) override { return withoutPanel; }
+};
 
 TEST(SystemScreens, AreTheApplicationsWithThePrimaryOneFirst) {
-    const SystemScreens screens(serialOf);
+    KnowingWindows windows;
+    const SystemScreens screens(windows);
     const std::vector<Monitor> monitors = screens.monitors();
     ASSERT_EQ(monitors.size(), static_cast<std::size_t>(QGuiApplication::screens().size()));
     const QScreen& primary = *QGuiApplication::primaryScreen();
     EXPECT_EQ(monitors.front().screen, &primary);
     EXPECT_EQ(monitors.front().geometry, primary.geometry());
-    EXPECT_EQ(monitors.front().available, primary.availableGeometry());
+    EXPECT_EQ(monitors.front().available, withoutPanel);
     EXPECT_EQ(monitors.front().identity.name, primary.name().toStdString());
-    EXPECT_EQ(monitors.front().identity.serial, serialOf(primary));
+    EXPECT_EQ(monitors.front().identity.serial, windows.serialNumber(primary));
 }
 
 TEST(SystemScreens, SayABurstOfChangesOnce) {
-    SystemScreens screens(serialOf);
+    KnowingWindows windows;
+    SystemScreens screens(windows);
     int said = 0;
     QObject::connect(&screens, &Screens::changed, [&] { ++said; });
     QScreen& primary = *QGuiApplication::primaryScreen();

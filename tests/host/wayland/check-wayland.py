@@ -13,7 +13,7 @@ import threading
 import time
 
 from desktop import Failed, Skipped, expect, wait_for
-from wayland_desktop import DesktopWithoutLayers, LabwcDesktop, PluggableDesktop, WaylandDesktop
+from wayland_desktop import DesktopWithoutLayers, LabwcDesktop, PanelDesktop, PluggableDesktop, WaylandDesktop
 
 FOCUS, NEXT_UP, TRIAGE, GROUP = (
     "VantelFocusWidget", "VantelNextUpWidget", "VantelTriageWidget", "VantelGroupTodayWidget")
@@ -74,6 +74,18 @@ def four_widgets_stand_where_the_placements_say(desktop):
     for kind in (FOCUS, NEXT_UP, TRIAGE, GROUP):
         expect(stands(desktop, kind), f"{kind} does not stand at {desktop.card(kind)}")
     expect(desktop.color(20, 20) == desktop.background, "the desktop is covered")
+
+
+@on(PanelDesktop)
+def the_first_arrangement_leaves_room_for_a_panel(desktop):
+    wait_for(lambda: desktop.color(2, 2) != desktop.background, "a panel")
+    start(desktop)
+    height = next(y for y in range(100) if desktop.color(2, y) == desktop.background)
+    expect(desktop.placements()[0]["vertical"] == height + 24, f"a panel of {height}, and {desktop.placements()[0]}")
+    expect(stands(desktop, FOCUS), "the card is elsewhere")
+    desktop.tell("bar", "mode", "invisible")
+    wait_for(lambda: desktop.color(2, 2) == desktop.background, "no panel")
+    expect(stands(desktop, FOCUS), "the card moved with the panel")
 
 
 def an_ordinary_window_stands_above_the_widgets(desktop):

@@ -24,6 +24,7 @@ seat * hide_cursor 0
 class WaylandDesktop(Desktop):
     """Places are logical pixels of the whole desktop. Compositors refuse to be run by root, so then they are nobody's."""
     program = "sway"
+    settings = SWAY_SETTINGS
     background = bytes([0x33, 0x55, 0x77])
 
     def __init__(self, widgets, vantelctl):
@@ -76,14 +77,14 @@ class WaylandDesktop(Desktop):
         return {each for each in self.runtime.glob("wayland-*") if each.suffix != ".lock"}
 
     def start_compositor(self):
-        self.compositor, self.socket = self.start_sway(SWAY_SETTINGS)
+        self.compositor, self.socket = self.start_sway(self.settings)
         self.use_compositor()
 
     def use_compositor(self):
         self.environment["WAYLAND_DISPLAY"] = str(self.socket)
         self.environment["SWAYSOCK"] = str(next(self.runtime.glob(f"sway-ipc.*.{self.compositor.pid}.sock")))
         self.connect_devices()
-        wait_for(lambda: self.color(2, 2) == self.background, "a background")
+        wait_for(lambda: self.color(2, 600) == self.background, "a background")
 
     def connect_devices(self):
         def devices():
@@ -204,6 +205,11 @@ class PluggableDesktop(WaylandDesktop):
         return wait_for(lambda: [*self.outputs().keys() - before], "an output more")[0]
 
 
+class PanelDesktop(WaylandDesktop):
+    """A session with a panel at its upper edge."""
+    settings = SWAY_SETTINGS + "bar {\n    position top\n}\n"
+
+
 class LabwcDesktop(WaylandDesktop):
     """A session of a compositor that stacks windows. Its background is black."""
     program = "labwc"
@@ -218,7 +224,7 @@ class LabwcDesktop(WaylandDesktop):
         self.socket = wait_for(self.sockets, "a compositor").pop()
         self.environment["WAYLAND_DISPLAY"] = str(self.socket)
         self.connect_devices()
-        wait_for(lambda: self.color(2, 2) == self.background, "a background")
+        wait_for(lambda: self.color(2, 600) == self.background, "a background")
 
 
 class DesktopWithoutLayers(WaylandDesktop):
