@@ -13,18 +13,20 @@
 
 namespace vantel {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int portalPatience = 10'000; // milliseconds
 
-const QString portal = u"org.freedesktop.portal.Desktop"_qs;
-const QString portalPath = u"/org/freedesktop/portal/desktop"_qs;
+const QString portal = u"org.freedesktop.portal.Desktop"_s;
+const QString portalPath = u"/org/freedesktop/portal/desktop"_s;
 
 /// Where the portal tells what came of a request: it makes the path of the asker's name and of a token that
 /// the asker chooses, so that the answer can be awaited before the question is put.
 QString requestPath(const QDBusConnection& connection, const QString& token) {
     const QString asker = connection.baseService().mid(1).replace(u'.', u'_');
-    return portalPath + u"/request/"_qs + asker + u'/' + token;
+    return portalPath + u"/request/"_s + asker + u'/' + token;
 }
 
 QString ownScheme() {
@@ -32,7 +34,7 @@ QString ownScheme() {
 }
 
 bool isSandboxed() {
-    return QFile::exists(u"/.flatpak-info"_qs);
+    return QFile::exists(u"/.flatpak-info"_s);
 }
 
 bool startsDetached(const QString& program, const QStringList& arguments) {
@@ -41,7 +43,7 @@ bool startsDetached(const QString& program, const QStringList& arguments) {
         return false;
     QProcess process;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.remove(u"QT_WAYLAND_USE_BYPASSWINDOWMANAGERHINT"_qs); // meant for this program's own windows
+    environment.remove(u"QT_WAYLAND_USE_BYPASSWINDOWMANAGERHINT"_s); // meant for this program's own windows
     process.setProcessEnvironment(environment);
     process.setProgram(path);
     process.setArguments(arguments);
@@ -78,12 +80,12 @@ void LinkOpener::open(const Url& url) {
 }
 
 void LinkOpener::askPortal(const QString& url) {
-    const QString token = u"vantel"_qs + QString::number(++m_requests);
+    const QString token = u"vantel"_s + QString::number(++m_requests);
     const QString request = requestPath(m_bus.connection(), token);
     heed(request);
-    QDBusMessage call = QDBusMessage::createMethodCall(portal, portalPath,
-                                                       u"org.freedesktop.portal.OpenURI"_qs, u"OpenURI"_qs);
-    call << QString() << url << QVariantMap{{u"handle_token"_qs, token}};
+    QDBusMessage call =
+        QDBusMessage::createMethodCall(portal, portalPath, u"org.freedesktop.portal.OpenURI"_s, u"OpenURI"_s);
+    call << QString() << url << QVariantMap{{u"handle_token"_s, token}};
     auto* watcher = new QDBusPendingCallWatcher(m_bus.connection().asyncCall(call, portalPatience), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, url, request, watcher] {
         watcher->deleteLater();
@@ -96,7 +98,7 @@ void LinkOpener::takeReply(const QString& url, const QString& request, const QDB
     if (reply.type() != QDBusMessage::ErrorMessage)
         return;
     forget(request);
-    if (reply.errorName() == u"org.freedesktop.DBus.Error.NoReply"_qs)
+    if (reply.errorName() == u"org.freedesktop.DBus.Error.NoReply"_s)
         fail(textKey("The desktop did not answer."));
     else
         startOpener(url);
@@ -111,18 +113,18 @@ void LinkOpener::takeResponse(uint code, const QVariantMap& /*results*/, const Q
 
 void LinkOpener::heed(const QString& request) {
     QDBusConnection(m_bus.connection())
-        .connect(portal, request, u"org.freedesktop.portal.Request"_qs, u"Response"_qs, this,
+        .connect(portal, request, u"org.freedesktop.portal.Request"_s, u"Response"_s, this,
                  SLOT(takeResponse(uint, QVariantMap, QDBusMessage)));
 }
 
 void LinkOpener::forget(const QString& request) {
     QDBusConnection(m_bus.connection())
-        .disconnect(portal, request, u"org.freedesktop.portal.Request"_qs, u"Response"_qs, this,
+        .disconnect(portal, request, u"org.freedesktop.portal.Request"_s, u"Response"_s, this,
                     SLOT(takeResponse(uint, QVariantMap, QDBusMessage)));
 }
 
 void LinkOpener::startOpener(const QString& url) {
-    if (!m_doors.startDetached(u"xdg-open"_qs, {url}))
+    if (!m_doors.startDetached(u"xdg-open"_s, {url}))
         fail(textKey("The desktop offers no way to open links."));
 }
 

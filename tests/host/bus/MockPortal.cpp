@@ -6,10 +6,12 @@
 
 namespace vantel::testing {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const QString portalPath = u"/org/freedesktop/portal/desktop"_qs;
-const QString unknownMethod = u"org.freedesktop.DBus.Error.UnknownMethod"_qs;
+const QString portalPath = u"/org/freedesktop/portal/desktop"_s;
+const QString unknownMethod = u"org.freedesktop.DBus.Error.UnknownMethod"_s;
 
 QString wordsOf(const QDBusMessage& message) {
     QStringList words{message.member()};
@@ -22,8 +24,8 @@ QString wordsOf(const QDBusMessage& message) {
 /// The path of the request that a message opens.
 QString requestPath(const QDBusMessage& message) {
     const auto options = qdbus_cast<QVariantMap>(message.arguments().value(2));
-    return portalPath + u"/request/"_qs + message.service().mid(1).replace(u'.', u'_') + u'/' +
-           options.value(u"handle_token"_qs).toString();
+    return portalPath + u"/request/"_s + message.service().mid(1).replace(u'.', u'_') + u'/' +
+           options.value(u"handle_token"_s).toString();
 }
 
 QVariant wrapped(const QVariant& value) {
@@ -35,7 +37,7 @@ QVariant wrapped(const QVariant& value) {
 MockPortal::MockPortal(const PrivateBus& bus)
     : m_peer(bus) {
     m_peer.connection.registerVirtualObject(portalPath, this);
-    m_peer.connection.registerService(u"org.freedesktop.portal.Desktop"_qs);
+    m_peer.connection.registerService(u"org.freedesktop.portal.Desktop"_s);
 }
 
 MockPortal::~MockPortal() = default;
@@ -46,7 +48,7 @@ void MockPortal::change(const QString& space, const QString& key, const QVariant
 
 void MockPortal::sendChange(const QVariantList& arguments) {
     QDBusMessage signal =
-        QDBusMessage::createSignal(portalPath, u"org.freedesktop.portal.Settings"_qs, u"SettingChanged"_qs);
+        QDBusMessage::createSignal(portalPath, u"org.freedesktop.portal.Settings"_s, u"SettingChanged"_s);
     signal.setArguments(arguments);
     m_peer.connection.send(signal);
 }
@@ -54,33 +56,33 @@ void MockPortal::sendChange(const QVariantList& arguments) {
 bool MockPortal::handleMessage(const QDBusMessage& message, const QDBusConnection& connection) {
     calls.append(wordsOf(message));
     connection.send(answer(message));
-    if (response && message.member() == u"OpenURI"_qs)
+    if (response && message.member() == u"OpenURI"_s)
         respond(message, connection);
     return true;
 }
 
 void MockPortal::respond(const QDBusMessage& message, const QDBusConnection& connection) const {
     QDBusMessage signal = QDBusMessage::createTargetedSignal(
-        message.service(), requestPath(message), u"org.freedesktop.portal.Request"_qs, u"Response"_qs);
+        message.service(), requestPath(message), u"org.freedesktop.portal.Request"_s, u"Response"_s);
     signal << *response << QVariantMap();
     connection.send(signal);
 }
 
 QDBusMessage MockPortal::answer(const QDBusMessage& message) const {
     const QString member = message.member();
-    if (member == u"OpenURI"_qs && answersLinks)
+    if (member == u"OpenURI"_s && answersLinks)
         return message.createReply(QVariant::fromValue(QDBusObjectPath(requestPath(message))));
-    if (member == u"Read"_qs || (member == u"ReadOne"_qs && hasReadOne))
+    if (member == u"Read"_s || (member == u"ReadOne"_s && hasReadOne))
         return setting(message);
-    return message.createErrorReply(unknownMethod, u"no such method"_qs);
+    return message.createErrorReply(unknownMethod, u"no such method"_s);
 }
 
 QDBusMessage MockPortal::setting(const QDBusMessage& message) const {
     const auto found = settings.find(wordsOf(message).section(u' ', 1));
     if (found == settings.end())
-        return message.createErrorReply(u"org.freedesktop.portal.Error.NotFound"_qs, u"no such setting"_qs);
+        return message.createErrorReply(u"org.freedesktop.portal.Error.NotFound"_s, u"no such setting"_s);
     const QVariant once = wrapped(*found);
-    return message.createReply(message.member() == u"Read"_qs ? wrapped(once) : once);
+    return message.createReply(message.member() == u"Read"_s ? wrapped(once) : once);
 }
 
 } // namespace vantel::testing
