@@ -11,6 +11,8 @@
 
 namespace vantel {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr const char* platformVariable = "QT_QPA_PLATFORM";
@@ -42,8 +44,8 @@ DisplayFacts::XServer askXServer() {
 }
 
 DisplayFacts::ToolkitPart findWaylandPart() {
-    const QDir folder(QLibraryInfo::path(QLibraryInfo::PluginsPath) + u"/platforms"_qs);
-    const bool isThere = !folder.entryList({u"libqwayland*.so"_qs}, QDir::Files).isEmpty();
+    const QDir folder(QLibraryInfo::path(QLibraryInfo::PluginsPath) + u"/platforms"_s);
+    const bool isThere = !folder.entryList({u"libqwayland*.so"_s}, QDir::Files).isEmpty();
     return isThere ? DisplayFacts::ToolkitPart::installed : DisplayFacts::ToolkitPart::missing;
 }
 

@@ -2,11 +2,13 @@
 
 namespace vantel {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const QString login = u"org.freedesktop.login1"_qs;
-const QString timedate = u"org.freedesktop.timedate1"_qs;
-const QString zoneProperty = u"Timezone"_qs;
+const QString login = u"org.freedesktop.login1"_s;
+const QString timedate = u"org.freedesktop.timedate1"_s;
+const QString zoneProperty = u"Timezone"_s;
 
 } // namespace
 
@@ -16,10 +18,10 @@ DayWatch::DayWatch(QDBusConnection systemBus, const std::string& zoneFile, QObje
     connect(&m_zoneFile, &FileWatch::changed, this, &DayWatch::zoneChanged);
     if (!systemBus.isConnected())
         return;
-    systemBus.connect(login, u"/org/freedesktop/login1"_qs, u"org.freedesktop.login1.Manager"_qs,
-                      u"PrepareForSleep"_qs, this, SLOT(handleSleep(bool)));
-    systemBus.connect(timedate, u"/org/freedesktop/timedate1"_qs, u"org.freedesktop.DBus.Properties"_qs,
-                      u"PropertiesChanged"_qs, this,
+    systemBus.connect(login, u"/org/freedesktop/login1"_s, u"org.freedesktop.login1.Manager"_s,
+                      u"PrepareForSleep"_s, this, SLOT(handleSleep(bool)));
+    systemBus.connect(timedate, u"/org/freedesktop/timedate1"_s, u"org.freedesktop.DBus.Properties"_s,
+                      u"PropertiesChanged"_s, this,
                       SLOT(handleProperties(QString, QVariantMap, QStringList)));
 }
 

@@ -6,13 +6,15 @@
 
 namespace vantel {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const SettingName colorScheme{u"org.freedesktop.appearance"_qs, u"color-scheme"_qs};
-const SettingName contrast{u"org.freedesktop.appearance"_qs, u"contrast"_qs};
-const SettingName reducedMotion{u"org.freedesktop.appearance"_qs, u"reduced-motion"_qs};
-const SettingName highContrast{u"org.gnome.desktop.a11y.interface"_qs, u"high-contrast"_qs};
-const SettingName textScaling{u"org.gnome.desktop.interface"_qs, u"text-scaling-factor"_qs};
+const SettingName colorScheme{u"org.freedesktop.appearance"_s, u"color-scheme"_s};
+const SettingName contrast{u"org.freedesktop.appearance"_s, u"contrast"_s};
+const SettingName reducedMotion{u"org.freedesktop.appearance"_s, u"reduced-motion"_s};
+const SettingName highContrast{u"org.gnome.desktop.a11y.interface"_s, u"high-contrast"_s};
+const SettingName textScaling{u"org.gnome.desktop.interface"_s, u"text-scaling-factor"_s};
 
 QVariant unwrapped(QVariant value) {
     constexpr int deepest = 8;

@@ -8,13 +8,15 @@
 
 namespace vantel {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const QString portal = u"org.freedesktop.portal.Desktop"_qs;
-const QString portalPath = u"/org/freedesktop/portal/desktop"_qs;
-const QString settings = u"org.freedesktop.portal.Settings"_qs;
-const QString readOne = u"ReadOne"_qs;
-const QString readWrapped = u"Read"_qs; // of portals before 1.17.1; wraps the value once more
+const QString portal = u"org.freedesktop.portal.Desktop"_s;
+const QString portalPath = u"/org/freedesktop/portal/desktop"_s;
+const QString settings = u"org.freedesktop.portal.Settings"_s;
+const QString readOne = u"ReadOne"_s;
+const QString readWrapped = u"Read"_s; // of portals before 1.17.1; wraps the value once more
 
 bool isPaletteDark() {
     constexpr int half = 128;
@@ -46,7 +48,7 @@ void DesktopSettings::askForAll() {
         return;
     qRegisterMetaType<QDBusVariant>("QDBusVariant"); // the slot below is found by the names of its types
     QDBusConnection(m_bus.connection())
-        .connect(portal, portalPath, settings, u"SettingChanged"_qs, this,
+        .connect(portal, portalPath, settings, u"SettingChanged"_s, this,
                  SLOT(takeChange(QString, QString, QDBusVariant)));
     for (const SettingName& name : portalSettings())
         ask(name, readOne);
@@ -66,7 +68,7 @@ void DesktopSettings::takeReply(const SettingName& name, const QString& method, 
     if (reply.type() == QDBusMessage::ReplyMessage && reply.arguments().size() == 1) {
         m_readings.take(name, reply.arguments().first());
         update();
-    } else if (method == readOne && reply.errorName() == u"org.freedesktop.DBus.Error.UnknownMethod"_qs) {
+    } else if (method == readOne && reply.errorName() == u"org.freedesktop.DBus.Error.UnknownMethod"_s) {
         ask(name, readWrapped);
     }
 }

@@ -14,22 +14,24 @@
 
 namespace vantel {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int portalPatience = 10'000; // milliseconds
 
-const QString portal = u"org.freedesktop.portal.Desktop"_qs;
-const QString portalPath = u"/org/freedesktop/portal/desktop"_qs;
+const QString portal = u"org.freedesktop.portal.Desktop"_s;
+const QString portalPath = u"/org/freedesktop/portal/desktop"_s;
 
 /// Where the portal tells what came of a request: it makes the path of the asker's name and of a token that
 /// the asker chooses, so that the answer can be awaited before the question is put.
 QString requestPath(const QDBusConnection& connection, const QString& token) {
     const QString asker = connection.baseService().mid(1).replace(u'.', u'_');
-    return portalPath + u"/request/"_qs + asker + u'/' + token;
+    return portalPath + u"/request/"_s + asker + u'/' + token;
 }
 
 bool isSandboxed() {
-    return QFile::exists(u"/.flatpak-info"_qs);
+    return QFile::exists(u"/.flatpak-info"_s);
 }
 
 bool startsDetached(const QString& program, const QStringList& arguments) {
@@ -76,13 +78,13 @@ void LinkOpener::open(const Url& url, Failed failed) {
 }
 
 void LinkOpener::askPortal(const QString& url, Failed failed) {
-    const QString token = u"vantel"_qs + QString::number(++m_requests);
+    const QString token = u"vantel"_s + QString::number(++m_requests);
     const QString request = requestPath(m_bus.connection(), token);
     heedResponses();
     m_asked[request] = std::move(failed);
-    QDBusMessage call = QDBusMessage::createMethodCall(portal, portalPath,
-                                                       u"org.freedesktop.portal.OpenURI"_qs, u"OpenURI"_qs);
-    call << QString() << url << QVariantMap{{u"handle_token"_qs, token}};
+    QDBusMessage call =
+        QDBusMessage::createMethodCall(portal, portalPath, u"org.freedesktop.portal.OpenURI"_s, u"OpenURI"_s);
+    call << QString() << url << QVariantMap{{u"handle_token"_s, token}};
     auto* watcher = new QDBusPendingCallWatcher(m_bus.connection().asyncCall(call, portalPatience), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, url, request, watcher] {
         watcher->deleteLater();
@@ -101,7 +103,7 @@ void LinkOpener::takeReply(const QString& url, const QString& request, const QDB
         m_asked[given] = failed;
         return;
     }
-    if (reply.errorName() == u"org.freedesktop.DBus.Error.NoReply"_qs)
+    if (reply.errorName() == u"org.freedesktop.DBus.Error.NoReply"_s)
         fail(failed, textKey("The desktop did not answer."));
     else
         startOpener(url, failed);
@@ -119,7 +121,7 @@ void LinkOpener::takeResponse(uint code, const QVariantMap& /*results*/, const Q
 void LinkOpener::heedResponses() {
     QDBusConnection connection = m_bus.connection();
     if (std::exchange(m_heeded, connection.name()) != connection.name())
-        connection.connect(portal, QString(), u"org.freedesktop.portal.Request"_qs, u"Response"_qs, this,
+        connection.connect(portal, QString(), u"org.freedesktop.portal.Request"_s, u"Response"_s, this,
                            SLOT(takeResponse(uint, QVariantMap, QDBusMessage)));
 }
 
@@ -129,7 +131,7 @@ LinkOpener::Failed LinkOpener::forget(const QString& request) {
 }
 
 void LinkOpener::startOpener(const QString& url, const Failed& failed) {
-    if (!m_doors.startDetached(u"xdg-open"_qs, {url}))
+    if (!m_doors.startDetached(u"xdg-open"_s, {url}))
         fail(failed, textKey("The desktop offers no way to open links."));
 }
 

@@ -6,6 +6,8 @@
 
 namespace vantel {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QStringList linesOf(const QString& path) {
@@ -21,15 +23,15 @@ QStringList lists(const ApplicationFolders& folders) {
     QStringList names;
     for (const QString& desktop : qEnvironmentVariable("XDG_CURRENT_DESKTOP").toLower().split(u':'))
         if (!desktop.isEmpty() && !desktop.contains(u'/'))
-            names.append(desktop + u"-mimeapps.list"_qs);
-    names.append(u"mimeapps.list"_qs);
+            names.append(desktop + u"-mimeapps.list"_s);
+    names.append(u"mimeapps.list"_s);
     QStringList paths;
     for (const QString& folder : folders.configuration)
         for (const QString& name : names)
             paths.append(folder + u'/' + name);
     for (const QString& folder : folders.data)
-        for (const QString& name : names + QStringList{u"mimeinfo.cache"_qs})
-            paths.append(folder + u"/applications/"_qs + name);
+        for (const QString& name : names + QStringList{u"mimeinfo.cache"_s})
+            paths.append(folder + u"/applications/"_s + name);
     return paths;
 }
 
@@ -54,17 +56,17 @@ bool isHidden(const QString& path) {
     for (const QString& line : linesOf(path)) {
         if (line.startsWith(u'['))
             group = line.trimmed();
-        else if (group == u"[Desktop Entry]"_qs && line.section(u'=', 0, 0).trimmed() == u"Hidden"_qs)
-            return line.section(u'=', 1).trimmed() == u"true"_qs;
+        else if (group == u"[Desktop Entry]"_s && line.section(u'=', 0, 0).trimmed() == u"Hidden"_s)
+            return line.section(u'=', 1).trimmed() == u"true"_s;
     }
     return false;
 }
 
 bool isInstalled(const QString& entry, const ApplicationFolders& folders) {
-    if (!entry.endsWith(u".desktop"_qs) || entry.contains(u'/'))
+    if (!entry.endsWith(u".desktop"_s) || entry.contains(u'/'))
         return false;
     for (const QString& folder : folders.data)
-        if (const QString path = pathOf(entry, folder + u"/applications"_qs); !path.isEmpty())
+        if (const QString path = pathOf(entry, folder + u"/applications"_s); !path.isEmpty())
             return !isHidden(path);
     return false;
 }
@@ -82,7 +84,7 @@ Associations associationsOf(const QString& type, const QStringList& lines) {
         if (line.startsWith(u'['))
             group = line.trimmed();
         else if (line.startsWith(type + u'='))
-            (group == u"[Removed Associations]"_qs ? found.removed : found.given) +=
+            (group == u"[Removed Associations]"_s ? found.removed : found.given) +=
                 line.mid(type.size() + 1).trimmed().split(u';', Qt::SkipEmptyParts);
     }
     return found;
@@ -96,7 +98,7 @@ ApplicationFolders ApplicationFolders::current() {
 }
 
 bool hasSchemeHandler(const QString& scheme, const ApplicationFolders& folders) {
-    const QString type = u"x-scheme-handler/"_qs + scheme;
+    const QString type = u"x-scheme-handler/"_s + scheme;
     QStringList removed;
     for (const QString& path : lists(folders)) {
         const Associations found = associationsOf(type, linesOf(path));

@@ -8,6 +8,8 @@
 #include <gtest/gtest.h>
 
 namespace vantel {
+
+using namespace Qt::StringLiterals;
 namespace {
 
 using namespace testing;
@@ -89,8 +91,8 @@ protected:
 
     /// A system that speaks under both names.
     void SetUp() override {
-        ASSERT_TRUE(system.connection.registerService(u"org.freedesktop.login1"_qs));
-        ASSERT_TRUE(system.connection.registerService(u"org.freedesktop.timedate1"_qs));
+        ASSERT_TRUE(system.connection.registerService(u"org.freedesktop.login1"_s));
+        ASSERT_TRUE(system.connection.registerService(u"org.freedesktop.timedate1"_s));
         watch.emplace(watcher.connection, folder / "localtime");
         heard.emplace(*watch);
     }
@@ -112,14 +114,14 @@ TEST_F(DayWatchOnABusTest, TheEndOfSleepIsToldAndItsBeginningIsNot) {
 }
 
 TEST_F(DayWatchOnABusTest, AnotherZoneIsToldAndOtherPropertiesAreNot) {
-    const QString timedate = u"org.freedesktop.timedate1"_qs;
+    const QString timedate = u"org.freedesktop.timedate1"_s;
     const QVariantMap none;
-    const QVariantMap zone{{u"Timezone"_qs, u"Asia/Tokyo"_qs}};
-    const QVariantMap other{{u"NTP"_qs, true}};
+    const QVariantMap zone{{u"Timezone"_s, u"Asia/Tokyo"_s}};
+    const QVariantMap other{{u"NTP"_s, true}};
     sendProperties({timedate, other, QStringList()});
-    sendProperties({u"org.freedesktop.other"_qs, zone, QStringList()});
+    sendProperties({u"org.freedesktop.other"_s, zone, QStringList()});
     sendProperties({timedate, zone, QStringList()});
-    sendProperties({timedate, none, QStringList{u"Timezone"_qs}});
+    sendProperties({timedate, none, QStringList{u"Timezone"_s}});
     sendSleep(system, {false});
     ASSERT_TRUE(waitUntil([this] { return heard->resumed == 1; }));
     EXPECT_EQ(heard->zoneChanged, 2);
@@ -128,9 +130,9 @@ TEST_F(DayWatchOnABusTest, AnotherZoneIsToldAndOtherPropertiesAreNot) {
 TEST_F(DayWatchOnABusTest, MalformedSignalsAndStrangersAreNotHeard) {
     const BusPeer stranger(bus);
     sendSleep(stranger, {false});
-    for (const QVariantList& arguments : std::vector<QVariantList>{{}, {0}, {u"false"_qs}, {QStringList()}})
+    for (const QVariantList& arguments : std::vector<QVariantList>{{}, {0}, {u"false"_s}, {QStringList()}})
         sendSleep(system, arguments);
-    sendProperties({u"org.freedesktop.timedate1"_qs});
+    sendProperties({u"org.freedesktop.timedate1"_s});
     sendProperties({1, 2, 3});
     sendSleep(system, {false});
     ASSERT_TRUE(waitUntil([this] { return heard->resumed > 0; }));

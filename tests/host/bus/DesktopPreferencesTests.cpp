@@ -6,13 +6,15 @@
 #include <gtest/gtest.h>
 
 namespace vantel {
+
+using namespace Qt::StringLiterals;
 namespace {
 
-const SettingName colorScheme{u"org.freedesktop.appearance"_qs, u"color-scheme"_qs};
-const SettingName contrast{u"org.freedesktop.appearance"_qs, u"contrast"_qs};
-const SettingName reducedMotion{u"org.freedesktop.appearance"_qs, u"reduced-motion"_qs};
-const SettingName highContrast{u"org.gnome.desktop.a11y.interface"_qs, u"high-contrast"_qs};
-const SettingName textScaling{u"org.gnome.desktop.interface"_qs, u"text-scaling-factor"_qs};
+const SettingName colorScheme{u"org.freedesktop.appearance"_s, u"color-scheme"_s};
+const SettingName contrast{u"org.freedesktop.appearance"_s, u"contrast"_s};
+const SettingName reducedMotion{u"org.freedesktop.appearance"_s, u"reduced-motion"_s};
+const SettingName highContrast{u"org.gnome.desktop.a11y.interface"_s, u"high-contrast"_s};
+const SettingName textScaling{u"org.gnome.desktop.interface"_s, u"text-scaling-factor"_s};
 
 QVariant wrapped(const QVariant& value) {
     return QVariant::fromValue(QDBusVariant(value));
@@ -44,12 +46,12 @@ TEST(DesktopPreferences, TheColorSchemeOutranksThePaletteWhereItIsDefinite) {
                                            {1, false, true},
                                            {true, false, true},
                                            {1.0, false, true},
-                                           {u"1"_qs, false, true},
+                                           {u"1"_s, false, true},
                                            {QVariant(), false, true},
-                                           {QStringList{u"1"_qs}, false, true},
+                                           {QStringList{u"1"_s}, false, true},
                                            {wrapped(1U), true, true},
                                            {wrapped(wrapped(wrapped(2U))), false, false},
-                                           {wrapped(u"dark"_qs), false, true}}) {
+                                           {wrapped(u"dark"_s), false, true}}) {
         PortalReadings readings;
         readings.take(colorScheme, row.value);
         EXPECT_EQ(preferences(readings, false).isDark, row.onLightPalette) << row.value.typeName();
@@ -69,7 +71,7 @@ TEST(DesktopPreferences, EitherSettingOfHighContrastCounts) {
     EXPECT_TRUE(after(highContrast, true).isHighContrast);
     for (const QVariant& value : {QVariant(0U), QVariant(2U), QVariant(true), QVariant(1)})
         EXPECT_FALSE(after(contrast, value).isHighContrast) << value.typeName();
-    for (const QVariant& value : {QVariant(false), QVariant(1U), QVariant(u"true"_qs)})
+    for (const QVariant& value : {QVariant(false), QVariant(1U), QVariant(u"true"_s)})
         EXPECT_FALSE(after(highContrast, value).isHighContrast) << value.typeName();
 }
 
@@ -94,7 +96,7 @@ TEST(DesktopPreferences, TheTextScaleStaysInBoundsAndNonsenseIsOne) {
                                            {infinity, 1},
                                            {std::numeric_limits<double>::quiet_NaN(), 1},
                                            {2, 1},
-                                           {u"2"_qs, 1},
+                                           {u"2"_s, 1},
                                            {QVariant(), 1}})
         EXPECT_EQ(after(textScaling, row.value).textScale, row.scale) << row.value.typeName();
 }
@@ -112,8 +114,8 @@ TEST(CardScale, CountsTheScaleOfTextsOnce) {
 }
 
 TEST(DesktopPreferences, OtherSettingsArePassedOver) {
-    EXPECT_EQ(after({u"org.freedesktop.appearance"_qs, u"accent-color"_qs}, 1U), DesktopPreferences());
-    EXPECT_EQ(after({u"org.gnome.desktop.interface"_qs, u"color-scheme"_qs}, 1U), DesktopPreferences());
+    EXPECT_EQ(after({u"org.freedesktop.appearance"_s, u"accent-color"_s}, 1U), DesktopPreferences());
+    EXPECT_EQ(after({u"org.gnome.desktop.interface"_s, u"color-scheme"_s}, 1U), DesktopPreferences());
 }
 
 TEST(DesktopPreferences, EachCombinationHasItsAppearance) {

@@ -8,13 +8,15 @@
 #include <gtest/gtest.h>
 
 namespace vantel {
+
+using namespace Qt::StringLiterals;
 namespace {
 
 using namespace testing;
 using namespace std::chrono_literals;
 
-const QString appearance = u"org.freedesktop.appearance"_qs;
-const QString colorScheme = u"color-scheme"_qs;
+const QString appearance = u"org.freedesktop.appearance"_s;
+const QString colorScheme = u"color-scheme"_s;
 
 /// A palette of the whole program, put back at the end.
 class ScopedPalette {
@@ -46,7 +48,7 @@ protected:
         const auto isAsked = [&] { return !portal.calls.filter(last).isEmpty(); };
         ASSERT_TRUE(waitUntil(isAsked));
         ASSERT_TRUE(
-            waitUntil([&] { return portal.hasReadOne || portal.calls.last().startsWith(u"Read "_qs); }));
+            waitUntil([&] { return portal.hasReadOne || portal.calls.last().startsWith(u"Read "_s); }));
     }
 
     const ScopedPalette light{Qt::white};
@@ -58,8 +60,8 @@ protected:
 };
 
 TEST_F(DesktopSettingsTest, StartsWithThePaletteAndTakesThePortalsAnswersAsChanges) {
-    portal.settings = {{u"org.freedesktop.appearance color-scheme"_qs, 1U},
-                       {u"org.gnome.desktop.interface text-scaling-factor"_qs, 1.5}};
+    portal.settings = {{u"org.freedesktop.appearance color-scheme"_s, 1U},
+                       {u"org.gnome.desktop.interface text-scaling-factor"_s, 1.5}};
     begin();
     EXPECT_EQ(settings->preferences(), DesktopPreferences());
     const DesktopPreferences expected{.isDark = true, .textScale = 1.5};
@@ -70,10 +72,10 @@ TEST_F(DesktopSettingsTest, StartsWithThePaletteAndTakesThePortalsAnswersAsChang
 
 TEST_F(DesktopSettingsTest, APortalWithoutReadOneIsAskedInTheOlderWay) {
     portal.hasReadOne = false;
-    portal.settings = {{u"org.freedesktop.appearance color-scheme"_qs, 1U}};
+    portal.settings = {{u"org.freedesktop.appearance color-scheme"_s, 1U}};
     begin();
     EXPECT_TRUE(waitUntil([this] { return settings->preferences().isDark; }));
-    EXPECT_TRUE(portal.calls.contains(u"Read org.freedesktop.appearance color-scheme"_qs));
+    EXPECT_TRUE(portal.calls.contains(u"Read org.freedesktop.appearance color-scheme"_s));
 }
 
 TEST_F(DesktopSettingsTest, AMissingSettingIsNotAskedForTwice) {
@@ -93,8 +95,8 @@ TEST_F(DesktopSettingsTest, FollowsChangesAndTellsOnlyOfDifferences) {
     ASSERT_TRUE(waitUntil([this] { return heard.size() == 1; }));
     EXPECT_TRUE(heard[0].isDark);
     portal.change(appearance, colorScheme, 1U);
-    portal.change(appearance, u"accent-color"_qs, 3U);
-    portal.change(appearance, u"reduced-motion"_qs, 1U);
+    portal.change(appearance, u"accent-color"_s, 3U);
+    portal.change(appearance, u"reduced-motion"_s, 1U);
     ASSERT_TRUE(waitUntil([this] { return heard.size() == 2; }));
     EXPECT_EQ(heard[1], (DesktopPreferences{.isDark = true, .motion = Motion::reduced}));
 }
@@ -105,8 +107,8 @@ TEST_F(DesktopSettingsTest, MalformedChangesDoNoHarm) {
     for (const QVariantList& arguments :
          std::vector<QVariantList>{{}, {1, 2, 3}, {appearance, colorScheme}, {appearance, colorScheme, 1U}})
         portal.sendChange(arguments);
-    portal.change(appearance, colorScheme, u"dark"_qs);
-    portal.change(appearance, u"contrast"_qs, 1U);
+    portal.change(appearance, colorScheme, u"dark"_s);
+    portal.change(appearance, u"contrast"_s, 1U);
     ASSERT_TRUE(waitUntil([this] { return !heard.empty(); }));
     EXPECT_EQ(heard[0], DesktopPreferences{.isHighContrast = true});
 }
@@ -116,10 +118,10 @@ TEST_F(DesktopSettingsTest, AnotherProcessCannotSpeakForThePortal) {
     waitForAnswers();
     BusPeer stranger(privateBus);
     QDBusMessage signal = QDBusMessage::createSignal(
-        u"/org/freedesktop/portal/desktop"_qs, u"org.freedesktop.portal.Settings"_qs, u"SettingChanged"_qs);
+        u"/org/freedesktop/portal/desktop"_s, u"org.freedesktop.portal.Settings"_s, u"SettingChanged"_s);
     signal.setArguments({appearance, colorScheme, QVariant::fromValue(QDBusVariant(1U))});
     stranger.connection.send(signal);
-    portal.change(appearance, u"contrast"_qs, 1U);
+    portal.change(appearance, u"contrast"_s, 1U);
     ASSERT_TRUE(waitUntil([this] { return !heard.empty(); }));
     EXPECT_FALSE(heard[0].isDark);
 }

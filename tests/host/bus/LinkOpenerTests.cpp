@@ -8,6 +8,8 @@
 #include <gtest/gtest.h>
 
 namespace vantel {
+
+using namespace Qt::StringLiterals;
 namespace {
 
 using namespace testing;
@@ -50,7 +52,7 @@ TEST_F(LinkOpenerOnABusTest, ThePortalOpensTheLink) {
     use(bus);
     open(task);
     ASSERT_TRUE(waitUntil([&portal] { return !portal.calls.isEmpty(); }));
-    EXPECT_EQ(portal.calls, QStringList{u"OpenURI vantel://task?id=a%26b"_qs});
+    EXPECT_EQ(portal.calls, QStringList{u"OpenURI vantel://task?id=a%26b"_s});
     serveEvents();
     EXPECT_TRUE(started.isEmpty());
     EXPECT_TRUE(failures.isEmpty());
@@ -66,7 +68,7 @@ TEST_F(LinkOpenerOnABusTest, OnlyAPortalThatFailsIsSaidOnceForEachLink) {
         ASSERT_TRUE(waitUntil([&] { return portal.calls.size() > before; }));
     }
     ASSERT_TRUE(waitUntil([this] { return failures.size() >= 2; }));
-    EXPECT_EQ(failures, QStringList(2, u"The desktop did not open this."_qs));
+    EXPECT_EQ(failures, QStringList(2, u"The desktop did not open this."_s));
     EXPECT_TRUE(started.isEmpty());
 }
 
@@ -82,7 +84,7 @@ TEST_F(LinkOpenerOnABusTest, APortalMayChooseThePathsOfRequestsItself) {
     }
     ASSERT_TRUE(waitUntil([this] { return failures.size() >= 2; }));
     serveEvents();
-    EXPECT_EQ(failures, QStringList(2, u"The desktop did not open this."_qs));
+    EXPECT_EQ(failures, QStringList(2, u"The desktop did not open this."_s));
 }
 
 TEST_F(LinkOpenerOnABusTest, AnotherConnectionHearsResponsesToo) {
@@ -110,7 +112,7 @@ TEST_F(LinkOpenerOnABusTest, EachFailureIsToldToWhoAskedForThatLink) {
     portal.respondTo(0, 0);
     portal.respondTo(2, 2);
     ASSERT_TRUE(waitUntil([&told] { return told.size() == 2; }));
-    EXPECT_EQ(told, (QStringList{u"second"_qs, u"third"_qs}));
+    EXPECT_EQ(told, (QStringList{u"second"_s, u"third"_s}));
 }
 
 TEST_F(LinkOpenerOnABusTest, APortalThatCannotOrIsNotThereLeavesItToXdgOpen) {
@@ -121,14 +123,14 @@ TEST_F(LinkOpenerOnABusTest, APortalThatCannotOrIsNotThereLeavesItToXdgOpen) {
     portal.answersLinks = false;
     open(task);
     ASSERT_TRUE(waitUntil([this] { return started.size() == 2; }));
-    EXPECT_EQ(started.last(), u"xdg-open|vantel://task?id=a%26b"_qs);
+    EXPECT_EQ(started.last(), u"xdg-open|vantel://task?id=a%26b"_s);
     EXPECT_TRUE(failures.isEmpty());
 }
 
 TEST_F(LinkOpenerTest, WithoutABusXdgOpenGetsTheLinkAsOneArgument) {
     use(noBus);
     open(task);
-    EXPECT_EQ(started, QStringList{u"xdg-open|vantel://task?id=a%26b"_qs});
+    EXPECT_EQ(started, QStringList{u"xdg-open|vantel://task?id=a%26b"_s});
 }
 
 TEST_F(LinkOpenerTest, OnlyLinksOfThisSystemLeaveIt) {
@@ -137,7 +139,7 @@ TEST_F(LinkOpenerTest, OnlyLinksOfThisSystemLeaveIt) {
                               "vantel", "", "javascript:vantel://", " vantel://task"}) {
         failures.clear();
         open(Url{other});
-        EXPECT_EQ(failures, QStringList{u"This link leads somewhere else and was not opened."_qs}) << other;
+        EXPECT_EQ(failures, QStringList{u"This link leads somewhere else and was not opened."_s}) << other;
     }
     EXPECT_TRUE(started.isEmpty());
 }
@@ -146,7 +148,7 @@ TEST_F(LinkOpenerTest, WithoutAnApplicationNothingIsStartedAndASentenceSaysWhy) 
     hasHandler = false;
     use(noBus);
     open(task);
-    EXPECT_EQ(failures, QStringList{u"No application is installed that opens this."_qs});
+    EXPECT_EQ(failures, QStringList{u"No application is installed that opens this."_s});
     EXPECT_TRUE(started.isEmpty());
 }
 
@@ -154,7 +156,7 @@ TEST_F(LinkOpenerTest, ADesktopWithoutXdgOpenIsSaidInASentence) {
     canStart = false;
     use(noBus);
     open(task);
-    EXPECT_EQ(failures, QStringList{u"The desktop offers no way to open links."_qs});
+    EXPECT_EQ(failures, QStringList{u"The desktop offers no way to open links."_s});
 }
 
 /// What a program of a scratch folder wrote down when it was started.
@@ -176,11 +178,11 @@ TEST(LinkDoors, StartAProgramWithItsArgumentsAsTheyStandAndWithoutPrivateVariabl
         "mv \"$RECORD.new\" \"$RECORD\"\n");
     script.setPermissions(QFile::ReadOwner | QFile::ExeOwner);
     script.close();
-    const QString hostile = u"vantel://task?id=$(touch x);`id`&'\"*"_qs;
-    ASSERT_TRUE(LinkDoors::ofTheDesktop().startDetached(u"xdg-open"_qs, {hostile}));
+    const QString hostile = u"vantel://task?id=$(touch x);`id`&'\"*"_s;
+    ASSERT_TRUE(LinkDoors::ofTheDesktop().startDetached(u"xdg-open"_s, {hostile}));
     ASSERT_TRUE(waitUntil([&folder] { return !recorded(folder).isEmpty(); }));
-    EXPECT_EQ(recorded(folder), u"1|"_qs + hostile + u"|unset|"_qs);
-    EXPECT_FALSE(LinkDoors::ofTheDesktop().startDetached(u"no-such-opener"_qs, {hostile}));
+    EXPECT_EQ(recorded(folder), u"1|"_s + hostile + u"|unset|"_s);
+    EXPECT_FALSE(LinkDoors::ofTheDesktop().startDetached(u"no-such-opener"_s, {hostile}));
 }
 
 } // namespace

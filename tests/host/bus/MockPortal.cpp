@@ -6,10 +6,12 @@
 
 namespace vantel::testing {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const QString portalPath = u"/org/freedesktop/portal/desktop"_qs;
-const QString unknownMethod = u"org.freedesktop.DBus.Error.UnknownMethod"_qs;
+const QString portalPath = u"/org/freedesktop/portal/desktop"_s;
+const QString unknownMethod = u"org.freedesktop.DBus.Error.UnknownMethod"_s;
 
 QString wordsOf(const QDBusMessage& message) {
     QStringList words{message.member()};
@@ -28,7 +30,7 @@ QVariant wrapped(const QVariant& value) {
 MockPortal::MockPortal(const PrivateBus& bus)
     : m_peer(bus) {
     m_peer.connection.registerVirtualObject(portalPath, this);
-    m_peer.connection.registerService(u"org.freedesktop.portal.Desktop"_qs);
+    m_peer.connection.registerService(u"org.freedesktop.portal.Desktop"_s);
 }
 
 MockPortal::~MockPortal() = default;
@@ -39,7 +41,7 @@ void MockPortal::change(const QString& space, const QString& key, const QVariant
 
 void MockPortal::sendChange(const QVariantList& arguments) {
     QDBusMessage signal =
-        QDBusMessage::createSignal(portalPath, u"org.freedesktop.portal.Settings"_qs, u"SettingChanged"_qs);
+        QDBusMessage::createSignal(portalPath, u"org.freedesktop.portal.Settings"_s, u"SettingChanged"_s);
     signal.setArguments(arguments);
     m_peer.connection.send(signal);
 }
@@ -47,9 +49,9 @@ void MockPortal::sendChange(const QVariantList& arguments) {
 bool MockPortal::handleMessage(const QDBusMessage& message, const QDBusConnection& connection) {
     calls.append(wordsOf(message));
     connection.send(answer(message));
-    if (message.member() == u"OpenURI"_qs)
+    if (message.member() == u"OpenURI"_s)
         m_requests.append(message);
-    if (response && message.member() == u"OpenURI"_qs)
+    if (response && message.member() == u"OpenURI"_s)
         respondTo(static_cast<int>(m_requests.size()) - 1, *response);
     return true;
 }
@@ -57,7 +59,7 @@ bool MockPortal::handleMessage(const QDBusMessage& message, const QDBusConnectio
 void MockPortal::respondTo(int request, uint code) const {
     const QDBusMessage& message = m_requests.at(request);
     QDBusMessage signal = QDBusMessage::createTargetedSignal(
-        message.service(), requestPath(message), u"org.freedesktop.portal.Request"_qs, u"Response"_qs);
+        message.service(), requestPath(message), u"org.freedesktop.portal.Request"_s, u"Response"_s);
     signal << code << QVariantMap();
     m_peer.connection.send(signal);
 }
@@ -65,26 +67,26 @@ void MockPortal::respondTo(int request, uint code) const {
 /// The path of the request that a message opens.
 QString MockPortal::requestPath(const QDBusMessage& message) const {
     const auto options = qdbus_cast<QVariantMap>(message.arguments().value(2));
-    const QString token = options.value(u"handle_token"_qs).toString();
+    const QString token = options.value(u"handle_token"_s).toString();
     const QString asker = message.service().mid(1).replace(u'.', u'_');
-    return portalPath + u"/request/"_qs + (heedsTokens ? asker + u'/' + token : u"own"_qs + token);
+    return portalPath + u"/request/"_s + (heedsTokens ? asker + u'/' + token : u"own"_s + token);
 }
 
 QDBusMessage MockPortal::answer(const QDBusMessage& message) const {
     const QString member = message.member();
-    if (member == u"OpenURI"_qs && answersLinks)
+    if (member == u"OpenURI"_s && answersLinks)
         return message.createReply(QVariant::fromValue(QDBusObjectPath(requestPath(message))));
-    if (member == u"Read"_qs || (member == u"ReadOne"_qs && hasReadOne))
+    if (member == u"Read"_s || (member == u"ReadOne"_s && hasReadOne))
         return setting(message);
-    return message.createErrorReply(unknownMethod, u"no such method"_qs);
+    return message.createErrorReply(unknownMethod, u"no such method"_s);
 }
 
 QDBusMessage MockPortal::setting(const QDBusMessage& message) const {
     const auto found = settings.find(wordsOf(message).section(u' ', 1));
     if (found == settings.end())
-        return message.createErrorReply(u"org.freedesktop.portal.Error.NotFound"_qs, u"no such setting"_qs);
+        return message.createErrorReply(u"org.freedesktop.portal.Error.NotFound"_s, u"no such setting"_s);
     const QVariant once = wrapped(*found);
-    return message.createReply(message.member() == u"Read"_qs ? wrapped(once) : once);
+    return message.createReply(message.member() == u"Read"_s ? wrapped(once) : once);
 }
 
 } // namespace vantel::testing

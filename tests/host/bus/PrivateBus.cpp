@@ -9,6 +9,8 @@
 
 namespace vantel::testing {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr const char* configuration = R"(<busconfig>
@@ -31,7 +33,7 @@ QString freshName() {
 } // namespace
 
 PrivateBus::PrivateBus(Names names) {
-    const QString rule = names == Names::allowed ? u"allow"_qs : u"deny"_qs;
+    const QString rule = names == Names::allowed ? u"allow"_s : u"deny"_s;
     std::ofstream(m_folder / "bus.conf") << QString::fromLatin1(configuration)
                                                 .arg(QString::fromStdString(m_folder / "socket"), rule)
                                                 .toStdString();
@@ -39,11 +41,11 @@ PrivateBus::PrivateBus(Names names) {
 }
 
 QString PrivateBus::address() const {
-    return u"unix:path="_qs + QString::fromStdString(m_folder / "socket");
+    return u"unix:path="_s + QString::fromStdString(m_folder / "socket");
 }
 
 QString PrivateBus::abstractAddress() const {
-    return u"unix:abstract="_qs + QString::fromStdString(m_folder / "socket");
+    return u"unix:abstract="_s + QString::fromStdString(m_folder / "socket");
 }
 
 void PrivateBus::stop() {
@@ -66,7 +68,7 @@ BusPeer::~BusPeer() {
 
 QDBusMessage BusPeer::call(const char* interface, const char* member, const QVariantList& arguments) {
     QDBusMessage message =
-        QDBusMessage::createMethodCall(u"org.vantel.Widgets"_qs, u"/org/vantel/Widgets"_qs,
+        QDBusMessage::createMethodCall(u"org.vantel.Widgets"_s, u"/org/vantel/Widgets"_s,
                                        QString::fromLatin1(interface), QString::fromLatin1(member));
     message.setArguments(arguments);
     const QDBusPendingCall pending = connection.asyncCall(message);
@@ -75,7 +77,7 @@ QDBusMessage BusPeer::call(const char* interface, const char* member, const QVar
 }
 
 bool BusPeer::seesService() const {
-    return connection.interface()->isServiceRegistered(u"org.vantel.Widgets"_qs);
+    return connection.interface()->isServiceRegistered(u"org.vantel.Widgets"_s);
 }
 
 } // namespace vantel::testing

@@ -6,6 +6,8 @@
 #include <gtest/gtest.h>
 
 namespace vantel {
+
+using namespace Qt::StringLiterals;
 namespace {
 
 using namespace testing;
@@ -26,7 +28,7 @@ protected:
         std::ofstream(path) << text;
     }
 
-    bool isHandled() const { return hasSchemeHandler(u"vantel"_qs, folders); }
+    bool isHandled() const { return hasSchemeHandler(u"vantel"_s, folders); }
 
     ScratchFolder folder;
     ScopedEnvironment desktop{"XDG_CURRENT_DESKTOP", "Vivid:GNOME"};
@@ -37,7 +39,7 @@ protected:
 
 TEST_F(SchemeHandlersTest, WithoutAnyListNothingHandles) {
     EXPECT_FALSE(isHandled());
-    EXPECT_FALSE(hasSchemeHandler(u"vantel"_qs, {}));
+    EXPECT_FALSE(hasSchemeHandler(u"vantel"_s, {}));
 }
 
 TEST_F(SchemeHandlersTest, AnyListThatNamesAnInstalledEntryCounts) {

@@ -12,6 +12,8 @@
 #include <unistd.h>
 
 namespace vantel {
+
+using namespace Qt::StringLiterals;
 namespace {
 
 using namespace testing;
@@ -135,7 +137,7 @@ TEST_F(SessionBusTest, OnceTheAttemptsAreOverNobodyLooksUntilTheFileChanges) {
     const ScratchFolder folder;
     const std::string socket = folder / "socket";
     const ClosedDoor door(socket);
-    use(u"unix:path="_qs + QString::fromStdString(socket));
+    use(u"unix:path="_s + QString::fromStdString(socket));
     EXPECT_EQ(door.visitors(), 1);
     waitForLastAttempt();
     EXPECT_EQ(door.visitors(), 1);

@@ -9,6 +9,8 @@
 #include <gtest/gtest.h>
 
 namespace vantel {
+
+using namespace Qt::StringLiterals;
 namespace {
 
 using namespace testing;
@@ -50,17 +52,17 @@ TEST_F(WidgetsServiceTest, EachMethodIsAnsweredAndHeard) {
         std::string heard;
     };
     const QVariantMap noData;
-    const QVariantMap token{{u"activation-token"_qs, u"T1"_qs}};
+    const QVariantMap token{{u"activation-token"_s, u"T1"_s}};
     for (const Row& row : std::vector<Row>{
-             {widgets, "ReloadTimelines", {u"VantelFocusWidget"_qs}, "reload VantelFocusWidget"},
-             {widgets, "ReloadTimelines", {u"überall"_qs}, "reload überall"},
+             {widgets, "ReloadTimelines", {u"VantelFocusWidget"_s}, "reload VantelFocusWidget"},
+             {widgets, "ReloadTimelines", {u"überall"_s}, "reload überall"},
              {widgets, "ReloadAllTimelines", {}, "reload all"},
              {widgets, "ShowGallery", {}, "gallery"},
              {widgets, "FocusWidgets", {}, "focus"},
              {application, "Activate", {noData}, "activated "},
              {application, "Activate", {token}, "activated T1"},
-             {application, "Open", {QStringList{u"file:///etc/passwd"_qs}, noData}, "activated "},
-             {application, "ActivateAction", {u"gallery"_qs, QVariantList(), noData}, "action gallery"}}) {
+             {application, "Open", {QStringList{u"file:///etc/passwd"_s}, noData}, "activated "},
+             {application, "ActivateAction", {u"gallery"_s, QVariantList(), noData}, "action gallery"}}) {
         heard.clear();
         const QDBusMessage reply = peer.call(row.interface, row.member, row.arguments);
         EXPECT_EQ(reply.type(), QDBusMessage::ReplyMessage) << row.member;
@@ -77,13 +79,13 @@ TEST_F(WidgetsServiceTest, CallsOfWrongTypesAndUnknownOnesAreRefusedAndUnheard) 
     };
     for (const Row& row : std::vector<Row>{{widgets, "ReloadTimelines", {}},
                                            {widgets, "ReloadTimelines", {1}},
-                                           {widgets, "ReloadTimelines", {QStringList{u"a"_qs}}},
-                                           {widgets, "ReloadAllTimelines", {u"a"_qs, 1, 2.5}},
+                                           {widgets, "ReloadTimelines", {QStringList{u"a"_s}}},
+                                           {widgets, "ReloadAllTimelines", {u"a"_s, 1, 2.5}},
                                            {widgets, "deleteLater", {}},
-                                           {widgets, "reloadRequested", {u"a"_qs}},
+                                           {widgets, "reloadRequested", {u"a"_s}},
                                            {widgets, "setConfigurations", {}},
                                            {application, "Activate", {}},
-                                           {application, "Activate", {u"a"_qs}},
+                                           {application, "Activate", {u"a"_s}},
                                            {application, "ShowGallery", {}},
                                            {"org.vantel.Widgets2", "ShowGallery", {}}})
         EXPECT_EQ(peer.call(row.interface, row.member, row.arguments).type(), QDBusMessage::ErrorMessage)
@@ -96,31 +98,30 @@ TEST_F(WidgetsServiceTest, TheBusSeesTheTwoInterfacesAndTheLibrarysOwn) {
     const QDBusMessage reply = peer.call("org.freedesktop.DBus.Introspectable", "Introspect");
     ASSERT_EQ(reply.arguments().size(), 1);
     const QString xml = reply.arguments().first().toString();
-    EXPECT_EQ(xml.count(u"<interface "_qs), 5) << xml.toStdString();
+    EXPECT_EQ(xml.count(u"<interface "_s), 5) << xml.toStdString();
     for (const char* interface : {application, widgets, "org.freedesktop.DBus.Properties",
                                   "org.freedesktop.DBus.Introspectable", "org.freedesktop.DBus.Peer"})
         EXPECT_TRUE(xml.contains(QString::fromLatin1(interface))) << interface;
-    EXPECT_EQ(xml.count(u"<signal "_qs), 1) << xml.toStdString(); // PropertiesChanged
-    EXPECT_FALSE(xml.contains(u"<property"_qs)) << xml.toStdString();
+    EXPECT_EQ(xml.count(u"<signal "_s), 1) << xml.toStdString(); // PropertiesChanged
+    EXPECT_FALSE(xml.contains(u"<property"_s)) << xml.toStdString();
 }
 
 TEST_F(WidgetsServiceTest, TheCurrentConfigurationsAreAnArrayOfTwoTexts) {
     ASSERT_EQ(service.start(), WidgetsService::Start::owned);
-    EXPECT_EQ(peer.call(widgets, "CurrentConfigurations").signature(), u"a(ss)"_qs);
+    EXPECT_EQ(peer.call(widgets, "CurrentConfigurations").signature(), u"a(ss)"_s);
     service.setConfigurations({{"VantelFocusWidget", WidgetFamily::systemSmall},
                                {"VantelFocusWidget", WidgetFamily::systemMedium}});
     const QDBusReply<WidgetConfigurations> reply = peer.call(widgets, "CurrentConfigurations");
     ASSERT_TRUE(reply.isValid());
-    EXPECT_EQ(reply.value(), (WidgetConfigurations{{u"VantelFocusWidget"_qs, u"systemSmall"_qs},
-                                                   {u"VantelFocusWidget"_qs, u"systemMedium"_qs}}));
+    EXPECT_EQ(reply.value(), (WidgetConfigurations{{u"VantelFocusWidget"_s, u"systemSmall"_s},
+                                                   {u"VantelFocusWidget"_s, u"systemMedium"_s}}));
 }
 
 TEST_F(WidgetsServiceTest, AFloodOfCallsIsServed) {
     ASSERT_EQ(service.start(), WidgetsService::Start::owned);
-    QDBusMessage message =
-        QDBusMessage::createMethodCall(u"org.vantel.Widgets"_qs, u"/org/vantel/Widgets"_qs,
-                                       QString::fromLatin1(widgets), u"ReloadTimelines"_qs);
-    message.setArguments({u"VantelFocusWidget"_qs});
+    QDBusMessage message = QDBusMessage::createMethodCall(u"org.vantel.Widgets"_s, u"/org/vantel/Widgets"_s,
+                                                          QString::fromLatin1(widgets), u"ReloadTimelines"_s);
+    message.setArguments({u"VantelFocusWidget"_s});
     for (int call = 0; call < 10'000; ++call)
         peer.connection.send(message);
     EXPECT_TRUE(waitUntil([this] { return heard.size() == 10'000; }));
@@ -132,7 +133,7 @@ TEST_F(WidgetsServiceTest, ASecondProcessWakesTheFirstAndKnowsThatItRuns) {
     auto second = WidgetsService::Start::noBus;
     std::thread process([&] {
         SessionBus itsBus(privateBus.address());
-        second = WidgetsService(itsBus).start(u"T2"_qs);
+        second = WidgetsService(itsBus).start(u"T2"_s);
         isDone = true;
     });
     EXPECT_TRUE(waitUntil([&isDone] { return isDone.load(); }));
@@ -171,7 +172,7 @@ TEST(WidgetsServiceWithoutBus, TakesTheNameOnceThereIsOne) {
 TEST(WidgetsServiceWithoutBus, GoesOnWithout) {
     const ScratchFolder folder;
     for (const QString& address :
-         {QString(), u"unix:path="_qs + QString::fromStdString(folder / "none"), u"no address"_qs}) {
+         {QString(), u"unix:path="_s + QString::fromStdString(folder / "none"), u"no address"_s}) {
         SessionBus bus(address);
         WidgetsService service(bus);
         EXPECT_EQ(service.start(), WidgetsService::Start::noBus) << address.toStdString();
@@ -193,9 +194,9 @@ TEST(WidgetsServiceWithoutBus, ABusThatRefusesTheNameIsSaidAndIsNoOtherProcess) 
 TEST(SessionBusAddress, IsTheVariableElseTheRuntimeFolder) {
     const ScopedEnvironment folder("XDG_RUNTIME_DIR", "/run/user/7");
     const ScopedEnvironment address("DBUS_SESSION_BUS_ADDRESS", "unix:path=/x");
-    EXPECT_EQ(sessionBusAddress(), u"unix:path=/x"_qs);
+    EXPECT_EQ(sessionBusAddress(), u"unix:path=/x"_s);
     const ScopedEnvironment noAddress("DBUS_SESSION_BUS_ADDRESS", std::nullopt);
-    EXPECT_EQ(sessionBusAddress(), u"unix:path=/run/user/7/bus"_qs);
+    EXPECT_EQ(sessionBusAddress(), u"unix:path=/run/user/7/bus"_s);
     const ScopedEnvironment noFolder("XDG_RUNTIME_DIR", std::nullopt);
     EXPECT_EQ(sessionBusAddress(), QString());
 }

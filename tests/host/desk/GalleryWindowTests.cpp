@@ -13,6 +13,8 @@
 
 namespace vantel::testing {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using ::testing::ElementsAre;
@@ -97,7 +99,7 @@ TEST_F(GalleryWindowTest, WhatWasChosenIsSaidBelowWhatScrolls) {
     gallery.findChild<QScrollArea*>()->verticalScrollBar()->setValue(10'000);
     tiles()[2]->click();
     const auto labels = gallery.findChildren<QLabel*>();
-    const auto said = std::ranges::find(labels, u"Triage is now on the desktop."_qs, &QLabel::text);
+    const auto said = std::ranges::find(labels, u"Triage is now on the desktop."_s, &QLabel::text);
     ASSERT_NE(said, labels.end());
     QCoreApplication::processEvents();
     EXPECT_TRUE((*said)->isVisible());
