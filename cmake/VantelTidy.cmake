@@ -1,8 +1,10 @@
 # The target "tidy" runs clang-tidy over every source of the project. Each source has a stamp that depends on its
-# object, so only what would compile again is checked again, and Ninja spreads the work.
+# object, so only what would compile again is checked again, and Ninja spreads the work. What passed is remembered
+# beyond the build folder too (tidy-source.py).
 
 find_program(CLANG_TIDY_PROGRAM clang-tidy-19)
 mark_as_advanced(CLANG_TIDY_PROGRAM)
+find_package(Python3 COMPONENTS Interpreter)
 
 function(vantel_tidy_stamps target result)
     get_target_property(folder ${target} SOURCE_DIR)
@@ -22,7 +24,8 @@ function(vantel_tidy_stamps target result)
         cmake_path(GET stamp PARENT_PATH stamp_folder)
         file(MAKE_DIRECTORY "${stamp_folder}")
         add_custom_command(OUTPUT "${stamp}"
-            COMMAND "${CLANG_TIDY_PROGRAM}" --quiet -p "${PROJECT_BINARY_DIR}" "${file}"
+            COMMAND "${Python3_EXECUTABLE}" "${PROJECT_SOURCE_DIR}/cmake/tidy-source.py"
+                    "${CLANG_TIDY_PROGRAM}" "${PROJECT_BINARY_DIR}" "${file}"
             COMMAND "${CMAKE_COMMAND}" -E touch "${stamp}"
             DEPENDS "${binary_folder}/CMakeFiles/${target}.dir/${name}.o" ${configurations}
             COMMENT "Checking ${title}"
@@ -34,7 +37,7 @@ endfunction()
 
 # Defines the target over all rooms that were added so far.
 function(vantel_tidy)
-    if(NOT CLANG_TIDY_PROGRAM OR NOT CMAKE_GENERATOR STREQUAL "Ninja")
+    if(NOT CLANG_TIDY_PROGRAM OR NOT Python3_FOUND OR NOT CMAKE_GENERATOR STREQUAL "Ninja")
         return()
     endif()
     get_directory_property(folders SUBDIRECTORIES)
