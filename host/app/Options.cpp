@@ -1,6 +1,5 @@
 #include "host/app/Options.h"
 
-#include <map>
 #include <sstream>
 
 #include <CLI/CLI.hpp>
@@ -11,6 +10,12 @@ namespace {
 
 constexpr const char* version = "vantel-widgets " VANTEL_VERSION;
 constexpr int wrongUsage = 2;
+
+WantedBackEnd backEndNamed(const std::string& name) {
+    if (name == "auto")
+        return WantedBackEnd::automatic;
+    return name == "x11" ? WantedBackEnd::x11 : WantedBackEnd::wayland;
+}
 
 /// The grammar of the command line, writing what it finds into one Options.
 class Grammar {
@@ -37,12 +42,9 @@ private:
     }
 
     void addBackEnd() {
-        const std::map<std::string, WantedBackEnd> names{{"auto", WantedBackEnd::automatic},
-                                                         {"x11", WantedBackEnd::x11},
-                                                         {"wayland", WantedBackEnd::wayland}};
         m_app
             .add_option_function<std::string>(
-                "--backend", [=, this](const std::string& name) { m_options.backEnd = names.at(name); },
+                "--backend", [this](const std::string& name) { m_options.backEnd = backEndNamed(name); },
                 "What the widgets stand on: auto (layers of the desktop where the Wayland compositor has "
                 "them, "
                 "else the X server), x11, or wayland")

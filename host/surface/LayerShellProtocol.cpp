@@ -24,6 +24,7 @@ enum class SurfaceRequest : std::uint32_t {
 };
 
 /// For arguments that are no objects.
+// NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables): the library has no const for them
 std::array<const wl_interface*, 4> plainTypes{};
 
 constexpr std::array<wl_message, 9> surfaceRequests{{{"set_size", "uu", plainTypes.data()},
@@ -42,6 +43,7 @@ constexpr std::array<wl_message, 2> surfaceEvents{
 constexpr wl_interface surfaceInterface{"zwlr_layer_surface_v1", newestVersion,        surfaceRequests.size(),
                                         surfaceRequests.data(),  surfaceEvents.size(), surfaceEvents.data()};
 
+// NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables): the library has no const for them
 std::array<const wl_interface*, 5> getLayerSurfaceTypes{&surfaceInterface, &wl_surface_interface,
                                                         &wl_output_interface, nullptr, nullptr};
 
