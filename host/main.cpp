@@ -2,6 +2,7 @@
 #include "host/app/HeadStart.h"
 #include "host/app/HostApplication.h"
 #include "host/app/PictureTasks.h"
+#include "host/doctor/Doctor.h"
 #include "platform/FormatLocale.h"
 #include "platform/LocalizedFormats.h"
 #include "platform/MessageCatalogue.h"
@@ -42,6 +43,8 @@ int perform(const Options& options, const Formats& formats) {
     case Task::renderCard:
     case Task::renderGallery:
         return drawPicture(options, VantelWidgetsBundle::body(), SystemCalendar::current(), formats);
+    case Task::examine: // needs no display, and was done
+        break;
     }
     return EXIT_FAILURE;
 }
@@ -53,6 +56,8 @@ int main(int count, char** words) {
         std::fputs(options.error().text.c_str(), options.error().status == 0 ? stdout : stderr);
         return options.error().status;
     }
+    if (options->task == Task::examine)
+        leave(examine(LocalizedFormats(currentFormatLocale())));
     const bool isPlatformChosen = std::getenv(platformVariable) != nullptr;
     if (const auto problem = chooseDisplay(options->task)) {
         std::fprintf(stderr, "vantel-widgets: %s\n", problem->c_str());
