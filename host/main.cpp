@@ -2,6 +2,7 @@
 #include "host/app/Display.h"
 #include "host/app/HeadStart.h"
 #include "host/app/HostApplication.h"
+#include "host/doctor/Doctor.h"
 #include "host/tasks/PictureTasks.h"
 #include "platform/FormatLocale.h"
 #include "platform/LocalizedFormats.h"
@@ -57,6 +58,8 @@ int perform(const Options& options, const Formats& formats) {
     case Task::renderCard:
     case Task::renderGallery:
         return drawPicture(options, VantelWidgetsBundle::body(), SystemCalendar::current(), formats);
+    case Task::examine: // needs no display, and was done
+        break;
     }
     return EXIT_FAILURE;
 }
@@ -68,6 +71,8 @@ int main(int count, char** words) {
         std::fputs(options.error().text.c_str(), options.error().status == 0 ? stdout : stderr);
         return options.error().status;
     }
+    if (options->task == Task::examine)
+        leave(examine(LocalizedFormats(currentFormatLocale())));
     if (const auto problem = prepareDisplay(*options)) {
         std::fprintf(stderr, "vantel-widgets: %s\n", sentence(*problem).c_str());
         return EXIT_FAILURE;

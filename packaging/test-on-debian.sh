@@ -100,7 +100,8 @@ main() {
     check_machine
     make_root
     copy_sources
-    apart packaging/test-on-debian.sh "$release" inside /work/dev test
+    # An earlier run may have been ended in the midst of installing packages.
+    apart packaging/test-on-debian.sh "$release" inside sh -c 'dpkg --configure -a && exec /work/dev test'
 }
 
 # One line, read whole: the script may be edited while a build runs.

@@ -28,6 +28,7 @@ public:
         addBackEnd();
         addGallery();
         addRender();
+        addDoctor();
     }
 
     CLI::App& app() { return m_app; }
@@ -83,6 +84,11 @@ private:
             ->type_name("");
         addSnapshotOptions(*app);
         app->callback([this] { m_options.task = Task::renderCard; });
+    }
+
+    void addDoctor() {
+        m_app.add_subcommand("doctor", "Say what the widgets find here, and what stands in their way")
+            ->callback([this] { m_options.task = Task::examine; });
     }
 
     CLI::App m_app;

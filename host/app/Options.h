@@ -9,7 +9,7 @@
 namespace vantel {
 
 /// What the program is asked to do.
-enum class Task { run, showGallery, renderCard, renderGallery };
+enum class Task { run, showGallery, renderCard, renderGallery, examine };
 
 /// What its command line says. Fields that a task does not take keep their defaults.
 struct Options {

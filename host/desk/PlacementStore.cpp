@@ -12,10 +12,6 @@ namespace {
 
 constexpr int mostSetAside = 1000;
 
-FileURL fileIn(const FileURL& folder) {
-    return folder / "placements.json";
-}
-
 bool saysMissing(const Error& error) {
     const auto* system = std::get_if<SystemError>(&error);
     return system != nullptr && system->number == ENOENT;
@@ -35,6 +31,10 @@ std::optional<FileURL> stateFolder() {
     return base ? std::optional(*base / "vantel-widgets") : std::nullopt;
 }
 
+FileURL placementsFile(const FileURL& stateFolder) {
+    return stateFolder / "placements.json";
+}
+
 PlacementStore::PlacementStore(std::optional<FileURL> folder, FileSystem& files, Report report)
     : m_folder(std::move(folder))
     , m_files(files)
@@ -43,14 +43,14 @@ PlacementStore::PlacementStore(std::optional<FileURL> folder, FileSystem& files,
 std::optional<Placements> PlacementStore::load() {
     if (!m_folder)
         return std::nullopt;
-    auto placements = read(fileIn(*m_folder), m_files);
+    auto placements = read(placementsFile(*m_folder), m_files);
     if (placements)
         return *std::move(placements);
     return saysMissing(placements.error()) ? std::nullopt : setAside(placements.error());
 }
 
 std::optional<Placements> PlacementStore::setAside(const Error& reason) {
-    const FileURL file = fileIn(*m_folder);
+    const FileURL file = placementsFile(*m_folder);
     const auto aside = freeName();
     m_mayWrite = aside && m_files.rename(file, *aside);
     if (m_mayWrite)
@@ -91,7 +91,7 @@ Result<void> PlacementStore::write(const Placements& placements) {
         return std::unexpected(bytes.error());
     if (auto made = m_files.createDirectories(*m_folder); !made)
         return made;
-    return writeFileAtomically(fileIn(*m_folder), *bytes, m_files);
+    return writeFileAtomically(placementsFile(*m_folder), *bytes, m_files);
 }
 
 void PlacementStore::sayFailed(const std::string& why) {

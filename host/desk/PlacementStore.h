@@ -13,6 +13,9 @@ namespace vantel {
 /// Absent when there is no absolute base. Reads the environment on each call.
 std::optional<FileURL> stateFolder();
 
+/// The file in that folder that remembers where the widgets stand.
+FileURL placementsFile(const FileURL& stateFolder);
+
 /// The file that remembers where the widgets stand: `placements.json` in a folder that is private to the
 /// user. Blocks for as long as the disk takes. For one thread at a time.
 class PlacementStore {

@@ -28,4 +28,17 @@ struct WindowManager {
 /// a normal window is as good as another, and ready for one that starts later.
 WindowMode windowMode(const WindowManager& manager);
 
+/// Whether a window manager arranges windows beside each other, so that an unmanaged one lies below them all.
+bool isTiling(const WindowManager& manager);
+
+/// What becomes of a card, in its mode, when the user wants to see the desktop.
+enum class ShowDesktop {
+    keeps,
+    hides,
+    unknown ///< nobody has tried
+};
+
+/// What was found by trying.
+ShowDesktop onShowDesktop(const WindowManager& manager);
+
 } // namespace vantel

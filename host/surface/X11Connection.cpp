@@ -59,6 +59,10 @@ std::optional<X11Connection> X11Connection::ofApplication() {
     return X11Connection(application->connection(), defaultScreen());
 }
 
+X11Connection X11Connection::over(xcb_connection_t* connection) {
+    return {connection, defaultScreen()};
+}
+
 X11Connection::X11Connection(xcb_connection_t* connection, int screenNumber)
     : m_connection(connection)
     , m_screenNumber(screenNumber)

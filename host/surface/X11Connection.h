@@ -24,6 +24,9 @@ public:
     /// Absent when the application does not run on X11.
     static std::optional<X11Connection> ofApplication();
 
+    /// One that works, to the default screen of its server. It lives longer than the value.
+    static X11Connection over(xcb_connection_t* connection);
+
     xcb_connection_t* xcb() const { return m_connection; }
     xcb_window_t root() const { return m_screen->root; }
 

@@ -44,6 +44,32 @@ TEST(WindowManagerPolicy, ChoosesTheModeThatWorksWithEachWindowManager) {
         EXPECT_EQ(windowMode({WindowManager::Presence::running, below, name}), expected) << name;
 }
 
+struct ShowDesktopCase {
+    const char* name;
+    WindowManager::Below below;
+    ShowDesktop expected;
+};
+
+const ShowDesktopCase showDesktopCases[] = {
+    {"GNOME Shell", supported, ShowDesktop::keeps},
+    {"Metacity", supported, ShowDesktop::keeps},
+    {"Metacity (Marco)", supported, ShowDesktop::unknown},
+    {"Mutter (Muffin)", supported, ShowDesktop::unknown},
+    {"IceWM 3.3.1 (Linux 6.1.0/x86_64)", supported, ShowDesktop::keeps},
+    {"Xfwm4", supported, ShowDesktop::keeps},
+    {"i3", unsupported, ShowDesktop::keeps},
+    {"KWin", supported, ShowDesktop::hides},
+    {"Openbox", supported, ShowDesktop::hides},
+    {"Openbox", unsupported, ShowDesktop::unknown},
+    {"Fluxbox", supported, ShowDesktop::unknown},
+    {"", supported, ShowDesktop::unknown},
+};
+
+TEST(WindowManagerPolicy, KnowsWhatBecomesOfCardsWhenTheDesktopIsShown) {
+    for (const auto& [name, below, expected] : showDesktopCases)
+        EXPECT_EQ(onShowDesktop({WindowManager::Presence::running, below, name}), expected) << name;
+}
+
 TEST(WindowManagerPolicy, IsReadyForAWindowManagerThatStartsLater) {
     EXPECT_EQ(windowMode({}), WindowMode::normalBelow);
 }
