@@ -6,9 +6,8 @@
 #include <string_view>
 #include <vector>
 
-struct wl_display;
-struct wl_event_queue;
-struct wl_interface;
+#include <wayland-client-core.h>
+
 struct wl_registry;
 
 namespace vantel {
