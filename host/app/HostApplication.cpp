@@ -49,6 +49,20 @@ WidgetKey keyOf(const Placement& placement) {
     return {placement.kind, placement.family};
 }
 
+/// Absent where the widget fails; the gallery then shows no card, and goes on.
+std::optional<WidgetView> previewOf(const StaticConfiguration& widget, WidgetFamily family,
+                                    const Clock& clock, const Formats& formats) {
+    const SystemCalendar calendar = SystemCalendar::current();
+    try {
+        const TimelineEntry entry = widget.getSnapshot({clock, calendar, family, true});
+        auto view = renderedView(widget, entry, {family, calendar, formats});
+        return view ? std::optional(std::move(*view)) : std::nullopt;
+    } catch (const std::exception& error) {
+        warn(widget.kind + " has no preview: " + error.what());
+        return std::nullopt;
+    }
+}
+
 QString activationToken() {
     return qEnvironmentVariable("XDG_ACTIVATION_TOKEN");
 }
@@ -154,7 +168,7 @@ void HostApplication::joinDesk() {
 }
 
 void HostApplication::joinBus() {
-    connect(&m_service, &WidgetsService::activated, &m_desk, &Desk::focusWidgets);
+    connect(&m_service, &WidgetsService::activated, this, &HostApplication::comeForward);
     connect(&m_service, &WidgetsService::focusRequested, &m_desk, &Desk::focusWidgets);
     connect(&m_service, &WidgetsService::galleryRequested, this, &HostApplication::showGallery);
     connect(&m_service, &WidgetsService::actionRequested, this, [this](const QString& action) {
@@ -230,6 +244,14 @@ void HostApplication::takePreferences(const DesktopPreferences& preferences) {
     }
 }
 
+/// Where there is no widget to come forward, one can be added.
+void HostApplication::comeForward() {
+    if (m_desk.placed().empty())
+        showGallery();
+    else
+        m_desk.focusWidgets();
+}
+
 void HostApplication::showGallery() {
     if (m_gallery.isNull()) {
         m_gallery = new GalleryWindow(
@@ -247,14 +269,12 @@ void HostApplication::showGallery() {
 }
 
 QWidget* HostApplication::makePreview(const StaticConfiguration& widget, WidgetFamily family) {
-    const SystemCalendar calendar = SystemCalendar::current();
-    const TimelineEntry entry = widget.getSnapshot({*m_clock, calendar, family, true});
     auto* card = new CardWidget(m_formats);
     card->setLook(m_cards.look());
     card->setNow(m_clock->now());
     card->setAttribute(Qt::WA_TransparentForMouseEvents);
     card->setEnabled(false);
-    if (const auto view = renderedView(widget, entry, {family, calendar, m_formats}))
+    if (const auto view = previewOf(widget, family, *m_clock, m_formats))
         card->setView(*view);
     return card;
 }

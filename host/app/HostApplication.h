@@ -49,6 +49,7 @@ private:
     void finish(const IntentOutcome& outcome);
     void place(const PlacedWidgets& placed);
     void takePreferences(const DesktopPreferences& preferences);
+    void comeForward();
     void showGallery();
     QWidget* makePreview(const StaticConfiguration& widget, WidgetFamily family);
     void showAbout();

@@ -24,7 +24,6 @@ public:
         : m_app("The Vantel widgets on your desktop.", "vantel-widgets") {
         m_app.set_version_flag("--version", version);
         m_app.failure_message(CLI::FailureMessage::simple);
-        addSnapshotOptions(m_app);
         addBackEnd();
         addGallery();
         addRender();
@@ -60,12 +59,17 @@ private:
         app.add_option("--scale", m_options.scale, "Pixels for a point (2)")
             ->check(CLI::Range(0.5, 8.0))
             ->type_name("N");
-        return app.add_option("--output", m_options.output, "The picture to write")->type_name("FILE.png");
+        return app.add_option("--output", m_options.output, "The picture to write")
+            ->check([](const std::string& file) { return std::string(file.empty() ? "has no name" : ""); })
+            ->type_name("FILE.png");
     }
 
     void addGallery() {
         CLI::App* app = m_app.add_subcommand("gallery", "Choose widgets to add, or draw all of them");
-        addOutput(*app);
+        CLI::Option* output = addOutput(*app);
+        for (CLI::Option* option : app->get_options())
+            if (option != output && option != app->get_help_ptr())
+                option->needs(output);
         app->callback(
             [this] { m_options.task = m_options.output.empty() ? Task::showGallery : Task::renderGallery; });
     }

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <functional>
+#include <optional>
 
 namespace vantel {
 
@@ -49,6 +50,17 @@ std::vector<int> rows(const std::vector<QRect>& taken, const QRect& area, int ga
     return tops;
 }
 
+std::optional<QPoint> spotWithGap(QSize card, const std::vector<QRect>& taken, const QRect& area, int gap) {
+    const QRect inside = area.adjusted(gap, gap, -gap, -gap);
+    for (const int left : columns(card, taken, area, gap))
+        for (const int top : rows(taken, area, gap)) {
+            const QRect spot(QPoint(left, top), card);
+            if (inside.contains(spot) && keepsDistance(spot, taken, gap))
+                return spot.topLeft();
+        }
+    return std::nullopt;
+}
+
 QPoint cascaded(QSize card, const std::vector<QRect>& taken, const QRect& area, int gap) {
     QRect spot(cornerPoint(area, card, gap), card);
     while (std::ranges::any_of(taken, [&](const QRect& other) { return other.topLeft() == spot.topLeft(); }))
@@ -64,13 +76,9 @@ int cardGap(double scale) {
 
 QPoint freeSpot(QSize card, const std::vector<QRect>& taken, const QRect& area, double scale) {
     const int gap = cardGap(scale);
-    const QRect inside = area.adjusted(gap, gap, -gap, -gap);
-    for (const int left : columns(card, taken, area, gap))
-        for (const int top : rows(taken, area, gap)) {
-            const QRect spot(QPoint(left, top), card);
-            if (inside.contains(spot) && keepsDistance(spot, taken, gap))
-                return spot.topLeft();
-        }
+    for (const int closer : {gap, gap / 2, gap / 4, 0})
+        if (const auto spot = spotWithGap(card, taken, area, closer))
+            return *spot;
     return cascaded(card, taken, area, gap);
 }
 

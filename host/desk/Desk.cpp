@@ -67,14 +67,29 @@ void Desk::start() {
 }
 
 void Desk::placeFirst(const Monitor& monitor) {
-    for (const auto& [widget, card] :
-         firstArrangement(firstRows(m_parts.bundle), monitor.available, m_scale)) {
-        Placement placement{.id = m_parts.identifiers.next(), .kind = widget.kind, .family = widget.family};
-        // All keep to one corner, so that they stay together at any resolution.
-        settle(placement, card, monitor, Corner::topRight);
-        m_placements.push_back(placement);
-    }
+    for (const auto& [widget, card] : firstSpots(monitor))
+        m_placements.push_back(
+            {.id = m_parts.identifiers.next(), .kind = widget.kind, .family = widget.family});
+    arrangeFirst(monitor);
     m_isFirstStart = false;
+    m_isAsFirst = true;
+}
+
+std::vector<WidgetSpot> Desk::firstSpots(const Monitor& monitor) const {
+    return firstArrangement(firstRows(m_parts.bundle), monitor.available, m_scale);
+}
+
+/// All keep to one corner, so that they stay together at any resolution.
+void Desk::arrangeFirst(const Monitor& monitor) {
+    const std::vector<WidgetSpot> spots = firstSpots(monitor);
+    for (std::size_t i = 0; i < spots.size(); ++i)
+        settle(m_placements[i], spots[i].card, monitor, Corner::topRight);
+    m_parts.store.save(m_placements);
+}
+
+/// Keeps what the user has arranged.
+void Desk::keep() {
+    m_isAsFirst = false;
     m_parts.store.save(m_placements);
 }
 
@@ -130,7 +145,7 @@ void Desk::add(const std::string& kind, WidgetFamily family) {
     settle(placement, QRect(freeSpot(card, cardsOn(monitor, placement.id), monitor.available, m_scale), card),
            monitor);
     m_placements.push_back(placement);
-    m_parts.store.save(m_placements);
+    keep();
     update();
 }
 
@@ -138,7 +153,7 @@ void Desk::remove(const Uuid& id) {
     m_windows.erase(id);
     if (std::erase_if(m_placements, [&](const Placement& each) { return each.id == id; }) == 0)
         return;
-    m_parts.store.save(m_placements);
+    keep();
     announce();
 }
 
@@ -157,12 +172,15 @@ void Desk::resize(const Uuid& id, WidgetFamily family) {
         if (liesOver(QRect(positionOf(*placement, card, monitor->geometry), card), others))
             settle(*placement, QRect(freeSpot(card, others, monitor->available, m_scale), card), *monitor);
     }
-    m_parts.store.save(m_placements);
+    keep();
     update();
 }
 
 void Desk::setScale(double scale) {
     m_scale = scale;
+    const auto monitors = m_parts.screens.monitors();
+    if (m_isAsFirst && !monitors.empty())
+        arrangeFirst(monitors.front());
     for (const auto& [id, window] : m_windows)
         window->setScale(scale);
     update();
@@ -284,7 +302,7 @@ void Desk::drop(const Uuid& id) {
         return dropped.settleCard(dropped.cardScreen());
     adopt(*monitor, monitors);
     settle(*find(id), dropped.cardGeometry(), *monitor);
-    m_parts.store.save(m_placements);
+    keep();
     dropped.settleCard(monitor->screen);
 }
 

@@ -87,6 +87,9 @@ private:
     bool isKnown(const std::string& kind, WidgetFamily family) const;
     const Monitor* monitorOf(const Placement& placement, const std::vector<Monitor>& monitors) const;
     void placeFirst(const Monitor& monitor);
+    std::vector<WidgetSpot> firstSpots(const Monitor& monitor) const;
+    void arrangeFirst(const Monitor& monitor);
+    void keep();
     void adopt(const Monitor& monitor, const std::vector<Monitor>& monitors);
     std::vector<QRect> cardsOn(const Monitor& monitor, const Uuid& without) const;
     void update();
@@ -109,6 +112,7 @@ private:
     MonitorSets m_seen;
     QPointer<CardWindow> m_lastFocused;
     bool m_isFirstStart = false;
+    bool m_isAsFirst = false; ///< the user has not arranged anything since the first arrangement
 };
 
 } // namespace vantel

@@ -36,10 +36,12 @@ bool CardDrag::press(const QMouseEvent& event) {
         m_stage = Stage::pressed;
         m_pressed = event.globalPosition().toPoint();
     }
-    return false;
+    return m_stage == Stage::dragging; // no menu opens meanwhile
 }
 
 bool CardDrag::move(QObject* window, const QMouseEvent& event) {
+    if (!event.buttons().testFlag(Qt::LeftButton))
+        return end();
     const QPoint distance = event.globalPosition().toPoint() - m_pressed;
     if (m_stage == Stage::pressed && distance.manhattanLength() >= QApplication::startDragDistance()) {
         letGo(window, event);
@@ -60,8 +62,13 @@ void CardDrag::letGo(QObject* window, const QMouseEvent& event) {
 }
 
 bool CardDrag::release(const QMouseEvent& event) {
-    if (event.button() != Qt::LeftButton || m_stage == Stage::letGo)
+    if (m_stage == Stage::letGo)
         return false;
+    return event.button() == Qt::LeftButton ? end() : m_stage == Stage::dragging;
+}
+
+/// Also where the release went to another window, as when one was opened under the pointer.
+bool CardDrag::end() {
     if (std::exchange(m_stage, Stage::idle) != Stage::dragging)
         return false;
     Q_EMIT ended();

@@ -34,6 +34,7 @@ private:
     bool press(const QMouseEvent& event);
     bool move(QObject* window, const QMouseEvent& event);
     bool release(const QMouseEvent& event);
+    bool end();
     void letGo(QObject* window, const QMouseEvent& event);
 
     Stage m_stage = Stage::idle;

@@ -118,6 +118,13 @@ TEST(FreeSpot, FillsAGap) {
     EXPECT_EQ(freeSpot(smallCard, taken, desk, 1), QPoint(806, 218));
 }
 
+TEST(FreeSpot, IsCloserToTheOthersBeforeItLiesOverOne) {
+    const QRect tight(0, 0, 364, 190);
+    const QRect other(194, 10, 170, 170);
+    EXPECT_EQ(freeSpot(smallCard, {other}, tight, 1), QPoint(18, 6));
+    EXPECT_EQ(freeSpot(smallCard, {QRect(182, 0, 170, 170)}, QRect(0, 0, 352, 170), 1), QPoint(12, 0));
+}
+
 TEST(FreeSpot, OfAFullDeskDoesNotHideAnotherCardWholly) {
     const std::vector<QRect> taken{desk, QRect(806, 24, 170, 170), QRect(782, 48, 170, 170)};
     EXPECT_EQ(freeSpot(smallCard, taken, desk, 1), QPoint(758, 72));

@@ -111,6 +111,12 @@ struct DeskTest : ::testing::Test {
                 .margins = {24, 52}};
     }
 
+    void grow(double scaleNow) {
+        for (const Placement& placement : desk->placements())
+            desk->window(placement.id)->card()->setFixedSize(cardSize(placement.family, scaleNow).toSize());
+        desk->setScale(scaleNow);
+    }
+
     QRect cardOf(const Uuid& id) const { return desk->window(id)->cardGeometry(); }
 
     std::vector<QRect> cards() const {
@@ -374,15 +380,33 @@ TEST_F(DeskTest, AScaleMovesCardsByTheirCorner) {
 TEST_F(DeskTest, GrownCardsDoNotCoverEachOtherAndTheirPlacesStayRemembered) {
     screens.set({external});
     start();
+    save(desk->placements());
+    start(); // what was arranged in an earlier run stays
     const Placements before = desk->placements();
-    for (const Placement& placement : before)
-        desk->window(placement.id)->card()->setFixedSize(cardSize(placement.family, 2).toSize());
-    desk->setScale(2);
+    grow(2);
     EXPECT_FALSE(anyOverlap(cards()));
     for (const QRect& card : cards())
         EXPECT_TRUE(external.geometry.contains(card));
     EXPECT_EQ(desk->placements(), before);
     EXPECT_EQ(saved(), before);
+}
+
+TEST_F(DeskTest, TheFirstArrangementFollowsTheScaleUntilTheUserArrangesSomething) {
+    screens.set({external});
+    scale = 2;
+    start();
+    const std::vector<QRect> wanted = cards();
+    desk.reset();
+    EXPECT_TRUE(saved().has_value());
+    EXPECT_TRUE(files.remove("/state/placements.json").has_value());
+    scale = 1;
+    start();
+    grow(2);
+    EXPECT_EQ(cards(), wanted);
+    desk->remove(desk->placements().back().id);
+    const Placements kept = desk->placements();
+    grow(1);
+    EXPECT_EQ(desk->placements(), kept);
 }
 
 TEST_F(DeskTest, CardsThatASmallScreenPushesTogetherStandBesideEachOther) {

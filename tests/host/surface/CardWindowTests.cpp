@@ -16,6 +16,7 @@ namespace {
 
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
+using ::testing::SizeIs;
 
 /// Remembers why the focus came last.
 class FocusReasons final : public QObject {
@@ -130,6 +131,29 @@ TEST_F(CardWindowTest, AClickAfterADragIsAClickAgain) {
     mouse(QEvent::MouseButtonPress, {20, 30});
     mouse(QEvent::MouseButtonRelease, {20, 30});
     EXPECT_EQ(presses, 1);
+    EXPECT_EQ(drops, 1);
+}
+
+TEST_F(CardWindowTest, ADragWhoseEndWentElsewhereEndsWithTheNextMove) {
+    mouse(QEvent::MouseButtonPress, {100, 100});
+    mouse(QEvent::MouseMove, {130, 130});
+    mouse(QEvent::MouseMove, {140, 140}, Qt::NoButton);
+    mouse(QEvent::MouseMove, {160, 160}, Qt::NoButton);
+    EXPECT_THAT(drags, SizeIs(1));
+    EXPECT_EQ(drops, 1);
+    mouse(QEvent::MouseButtonPress, {20, 30});
+    mouse(QEvent::MouseButtonRelease, {20, 30});
+    EXPECT_EQ(presses, 1);
+}
+
+TEST_F(CardWindowTest, AnotherButtonDuringADragReachesNothing) {
+    mouse(QEvent::MouseButtonPress, {100, 100});
+    mouse(QEvent::MouseMove, {130, 130});
+    mouse(QEvent::MouseButtonPress, {20, 30}, Qt::RightButton);
+    mouse(QEvent::MouseButtonRelease, {20, 30}, Qt::RightButton);
+    EXPECT_EQ(menu(), nullptr);
+    EXPECT_EQ(drops, 0);
+    mouse(QEvent::MouseButtonRelease, {130, 130});
     EXPECT_EQ(drops, 1);
 }
 
