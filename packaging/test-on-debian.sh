@@ -47,6 +47,13 @@ check_machine() {
     apart mount -t tmpfs tmpfs /mnt 2>/dev/null || refuse 'this machine does not let root mount anything'
 }
 
+# Two runs at once would pull the ground from under each other.
+be_alone() {
+    mkdir -p "$folder"
+    exec 9>"$folder/lock"
+    flock --nonblock 9 || refuse 'another run uses its system'
+}
+
 # Only a system that was made whole takes its place.
 make_root() {
     local begun=$root.begun from name
@@ -56,7 +63,6 @@ make_root() {
     [ -n "$from" ] || refuse "apt's sources name no mirror of Debian"
     say "making its system in $folder"
     rm -rf "$begun"
-    mkdir -p "$folder"
     debootstrap --variant=minbase "$name" "$begun" "$from" >"$folder/debootstrap.log" 2>&1 ||
         { tail -n 5 "$folder/debootstrap.log" >&2; refuse "debootstrap failed; see $folder/debootstrap.log"; }
     spare_time_and_room "$begun"
@@ -98,6 +104,7 @@ main() {
         run_inside "${@:3}"
     fi
     check_machine
+    be_alone
     make_root
     copy_sources
     # An earlier run may have been ended in the midst of installing packages.

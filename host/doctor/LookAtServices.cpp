@@ -95,9 +95,8 @@ SystemBusFacts lookAtSystemBus() {
 }
 
 LinkFacts lookAtApplications() {
-    const std::string_view scheme = WidgetShared::urlScheme;
-    return {.hasHandler = hasSchemeHandler(QString::fromLatin1(scheme.data(), scheme.size()),
-                                           ApplicationFolders::current()),
+    const std::string scheme(WidgetShared::urlScheme);
+    return {.hasHandler = hasSchemeHandler(QString::fromStdString(scheme), ApplicationFolders::current()),
             .hasProgram = !QStandardPaths::findExecutable(u"xdg-open"_s).isEmpty()};
 }
 

@@ -1,4 +1,5 @@
 #include "tests/cli/Program.h"
+#include "tests/fakes/ScratchFolder.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -11,13 +12,15 @@ using ::testing::AllOf;
 using ::testing::HasSubstr;
 using ::testing::Not;
 
-/// A user who reads German. The message locale is one that every system has; the language is asked for beside
-/// it.
+/// A user who reads German. A test cannot count on a German locale, so it makes one of the locale that every
+/// system has, which itself is no longer translated on newer ones.
 class GermanTexts : public ::testing::Test {
 protected:
     GermanTexts() {
         vantelctl.environment.erase("LC_ALL");
-        vantelctl.environment["LANG"] = "C.UTF-8";
+        std::filesystem::create_directory_symlink("/usr/lib/locale/C.utf8", m_locales / "de_DE.UTF-8");
+        vantelctl.environment["LOCPATH"] = m_locales.path();
+        vantelctl.environment["LANG"] = "de_DE.UTF-8";
         vantelctl.environment["LC_TIME"] = "de_DE.UTF-8";
         vantelctl.environment["LANGUAGE"] = "de";
     }
@@ -28,6 +31,9 @@ protected:
     }
 
     Vantelctl vantelctl;
+
+private:
+    ScratchFolder m_locales;
 };
 
 TEST_F(GermanTexts, StandInTheFourWidgets) {
