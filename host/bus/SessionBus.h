@@ -28,6 +28,7 @@ std::optional<std::string> busSocket(const QString& address);
 /// file before it listens. Where there is no file to watch, `lookAgain` is all that finds it.
 class SessionBus final : public QObject {
     Q_OBJECT
+    Q_DISABLE_COPY_MOVE(SessionBus)
 
 public:
     static constexpr std::chrono::milliseconds firstPause{80};

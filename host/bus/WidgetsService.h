@@ -14,6 +14,7 @@ namespace vantel {
 /// it. Callers are answered at once, before anything has come of their call.
 class WidgetsService final : public QObject {
     Q_OBJECT
+    Q_DISABLE_COPY_MOVE(WidgetsService)
 
 public:
     static constexpr const char* name = "org.vantel.Widgets";

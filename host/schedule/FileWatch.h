@@ -12,6 +12,7 @@ namespace vantel {
 /// that cannot be watched is no error: nothing is noticed then.
 class FileWatch final : public QObject {
     Q_OBJECT
+    Q_DISABLE_COPY_MOVE(FileWatch)
 
 public:
     explicit FileWatch(const std::string& file, QObject* parent = nullptr);

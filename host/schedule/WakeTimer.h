@@ -12,6 +12,7 @@ namespace vantel {
 /// suspend, hears of every step of the clock even while nothing is set, and while idle causes no wake-up.
 class WakeTimer final : public Alarm {
     Q_OBJECT
+    Q_DISABLE_COPY_MOVE(WakeTimer)
 
 public:
     explicit WakeTimer(QObject* parent = nullptr);
