@@ -11,7 +11,6 @@ void beginFirstPicture(Worker& worker, const Formats& formats) {
     std::ignore = worker.run([&formats] {
         QFontDatabase::families();
         formats.date({}, DateFields::hourMinute);
-        formats.timeLeft(Seconds(60));
     });
 }
 
