@@ -80,9 +80,9 @@ spare_time_and_room() {
 # The compiler cache makes building anew quick, so nothing that an earlier commit left is trusted.
 copy_sources() {
     [ -z "$(git status --porcelain)" ] || say 'changes that are not committed are not in this'
-    rm -rf "$root/work"
-    mkdir "$root/work"
-    git archive HEAD | tar -x -C "$root/work"
+    rm -rf "$root/source"
+    mkdir "$root/source"
+    git archive HEAD | tar -x -C "$root/source"
     cp /etc/resolv.conf "$root/etc/resolv.conf"
 }
 
@@ -108,7 +108,7 @@ main() {
     make_root
     copy_sources
     # An earlier run may have been ended in the midst of installing packages.
-    apart packaging/test-on-debian.sh "$release" inside sh -c 'dpkg --configure -a && exec /work/dev test'
+    apart packaging/test-on-debian.sh "$release" inside sh -c 'dpkg --configure -a && exec /source/dev test'
 }
 
 # One line, read whole: the script may be edited while a build runs.
