@@ -174,15 +174,7 @@ def a_second_start_leaves_the_first_one_alone(desktop):
 def record_links(desktop):
     """Installs an application for the links that writes down what it is given."""
     record = desktop.folder / "links.txt"
-    opener = desktop.folder / "bin" / "xdg-open"
-    opener.write_text(f'#!/bin/sh\nprintf "%s\\n" "$@" >>"{record}"\n')
-    opener.chmod(0o755)
-    applications = desktop.folder / "data_home" / "applications"
-    applications.mkdir()
-    (applications / "companion.desktop").write_text(
-        "[Desktop Entry]\nType=Application\nName=Companion\nExec=xdg-open %u\nMimeType=x-scheme-handler/vantel;\n")
-    (desktop.folder / "config_home" / "mimeapps.list").write_text(
-        "[Default Applications]\nx-scheme-handler/vantel=companion.desktop\n")
+    desktop.install_companion(f'printf "%s\\n" "$@" >>"{record}"')
     return lambda: record.read_text().split() if record.exists() else []
 
 

@@ -117,6 +117,19 @@ class Desktop:
     def state(self):
         return self.folder / "state_home" / "vantel-widgets"
 
+    def install_companion(self, script):
+        """Installs an application for the links: a shell script that is given the link."""
+        opener = self.folder / "bin" / "xdg-open"
+        opener.write_text("#!/bin/sh\n" + script + "\n")
+        opener.chmod(0o755)
+        applications = self.folder / "data_home" / "applications"
+        applications.mkdir()
+        (applications / "companion.desktop").write_text(
+            "[Desktop Entry]\nType=Application\nName=Companion\nExec=xdg-open %u\n"
+            "MimeType=x-scheme-handler/vantel;\n")
+        (self.folder / "config_home" / "mimeapps.list").write_text(
+            "[Default Applications]\nx-scheme-handler/vantel=companion.desktop\n")
+
     def write_snapshot(self, snapshot):
         document = self.folder / "document.json"
         document.write_text(json.dumps(snapshot))

@@ -273,15 +273,7 @@ def clicks_leave_the_keyboard_where_it_is(desktop):
 
 def programs_that_are_opened_choose_for_themselves(desktop):
     record = desktop.folder / "environment"
-    opener = desktop.folder / "bin" / "xdg-open"
-    opener.write_text(f'#!/bin/sh\nenv >"{record}.new" && mv "{record}.new" "{record}"\n')
-    opener.chmod(0o755)
-    applications = desktop.folder / "data_home" / "applications"
-    applications.mkdir()
-    (applications / "companion.desktop").write_text(
-        "[Desktop Entry]\nType=Application\nName=Companion\nExec=xdg-open %u\nMimeType=x-scheme-handler/vantel;\n")
-    (desktop.folder / "config_home" / "mimeapps.list").write_text(
-        "[Default Applications]\nx-scheme-handler/vantel=companion.desktop\n")
+    desktop.install_companion(f'env >"{record}.new" && mv "{record}.new" "{record}"')
     start(desktop)
     left, top, _, _ = desktop.card(FOCUS)
     desktop.click(left + 40, top + 130)
