@@ -74,7 +74,8 @@ int main(int count, char** words) {
     if (options->task == Task::examine)
         leave(examine(LocalizedFormats(currentFormatLocale())));
     if (const auto problem = prepareDisplay(*options)) {
-        std::fprintf(stderr, "vantel-widgets: %s\n", sentence(*problem).c_str());
+        std::fprintf(stderr, "vantel-widgets: %s\n",
+                     LocalizedFormats(currentFormatLocale()).translated(sentenceKey(*problem)).c_str());
         return EXIT_FAILURE;
     }
     QApplication::setApplicationName(QStringLiteral("vantel-widgets"));

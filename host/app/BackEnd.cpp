@@ -1,5 +1,7 @@
 #include "host/app/BackEnd.h"
 
+#include "platform/TextKey.h"
+
 #include <optional>
 
 namespace vantel {
@@ -66,41 +68,42 @@ Choice chooseBackEnd(const DisplayFacts& facts) {
     return whatFits(facts);
 }
 
-std::string sentence(BackEndReason reason) {
+const char* sentenceKey(BackEndReason reason) {
     switch (reason) {
     case BackEndReason::commandLine:
-        return "the command line asks for it";
+        return textKey("the command line asks for it");
     case BackEndReason::platformVariable:
-        return "QT_QPA_PLATFORM asks for it";
+        return textKey("QT_QPA_PLATFORM asks for it");
     case BackEndReason::compositorLayers:
-        return "the compositor offers layers of the desktop";
+        return textKey("the compositor offers layers of the desktop");
     case BackEndReason::noCompositor:
-        return "no Wayland compositor answers here";
+        return textKey("no Wayland compositor answers here");
     case BackEndReason::noLayers:
-        return "the compositor offers no layers of the desktop (zwlr_layer_shell_v1)";
+        return textKey("the compositor offers no layers of the desktop (zwlr_layer_shell_v1)");
     case BackEndReason::noWaylandPart:
-        return "the part of Qt for Wayland is not installed (package qt6-wayland)";
+        return textKey("the part of Qt for Wayland is not installed (package qt6-wayland)");
     }
-    return {};
+    return "";
 }
 
-std::string sentence(BackEndProblem problem) {
+const char* sentenceKey(BackEndProblem problem) {
     switch (problem) {
     case BackEndProblem::noDisplay:
-        return "there is no display here (neither DISPLAY nor WAYLAND_DISPLAY leads to one)";
+        return textKey("there is no display here (neither DISPLAY nor WAYLAND_DISPLAY leads to one)");
     case BackEndProblem::noXServer:
-        return "there is no X server here (DISPLAY is not set)";
+        return textKey("there is no X server here (DISPLAY is not set)");
     case BackEndProblem::silentXServer:
-        return "the X server that DISPLAY names does not answer";
+        return textKey("the X server that DISPLAY names does not answer");
     case BackEndProblem::noCompositor:
-        return "no Wayland compositor answers here (WAYLAND_DISPLAY)";
+        return textKey("no Wayland compositor answers here (WAYLAND_DISPLAY)");
     case BackEndProblem::noLayers:
-        return "this Wayland compositor offers no layers of the desktop (zwlr_layer_shell_v1); the widgets "
-               "need them, or an X server (Xwayland)";
+        return textKey(
+            "this Wayland compositor offers no layers of the desktop (zwlr_layer_shell_v1); the widgets "
+            "need them, or an X server (Xwayland)");
     case BackEndProblem::noWaylandPart:
-        return "the part of Qt for Wayland is not installed (package qt6-wayland)";
+        return textKey("the part of Qt for Wayland is not installed (package qt6-wayland)");
     }
-    return {};
+    return "";
 }
 
 } // namespace vantel

@@ -57,8 +57,8 @@ struct BackEndChoice {
 /// the toolkit does too, but for Wayland, which many sessions ask of all programs alike.
 std::expected<BackEndChoice, BackEndProblem> chooseBackEnd(const DisplayFacts& facts);
 
-/// In English, for people: "the compositor offers layers of the desktop".
-std::string sentence(BackEndReason reason);
-std::string sentence(BackEndProblem problem);
+/// For people, to be translated: "the compositor offers layers of the desktop".
+const char* sentenceKey(BackEndReason reason);
+const char* sentenceKey(BackEndProblem problem);
 
 } // namespace vantel

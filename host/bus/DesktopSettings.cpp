@@ -31,7 +31,7 @@ DesktopSettings::DesktopSettings(SessionBus& bus, QObject* parent)
     , m_preferences(vantel::preferences({}, isPaletteDark())) {
     // Otherwise the bus library may not know the type yet, and then it quietly connects no slot that takes
     // it.
-    qRegisterMetaType<QDBusVariant>();
+    qRegisterMetaType<QDBusVariant>("QDBusVariant");
     QCoreApplication::instance()->installEventFilter(this);
     connect(&m_bus, &SessionBus::reconnected, this, &DesktopSettings::askForAll);
     askForAll();
@@ -46,7 +46,6 @@ bool DesktopSettings::eventFilter(QObject* watched, QEvent* event) {
 void DesktopSettings::askForAll() {
     if (!m_bus.isConnected())
         return;
-    qRegisterMetaType<QDBusVariant>("QDBusVariant"); // the slot below is found by the names of its types
     QDBusConnection(m_bus.connection())
         .connect(portal, portalPath, settings, u"SettingChanged"_s, this,
                  SLOT(takeChange(QString, QString, QDBusVariant)));

@@ -14,12 +14,7 @@ Finding onX11(const DesktopFacts& facts, const Formats& formats) {
     const std::string display = visibleText(facts.display);
     if (!facts.x11)
         return {Verdict::fail, filled(formats.translated("The X server %s does not answer."), {display})};
-    if (facts.waylandDisplay.empty())
-        return {Verdict::ok, filled(formats.translated("The widgets stand on the X server %s."), {display})};
-    return {Verdict::ok,
-            filled(formats.translated("The widgets stand on the X server %s beside this Wayland session, "
-                                      "where an ordinary window could place itself nowhere."),
-                   {display})};
+    return {Verdict::ok, filled(formats.translated("The widgets stand on the X server %s."), {display})};
 }
 
 Finding backEnd(const DesktopFacts& facts, const Formats& formats) {
@@ -31,14 +26,15 @@ Finding backEnd(const DesktopFacts& facts, const Formats& formats) {
                 filled(formats.translated("The widgets stand on layers of the compositor %s, below "
                                           "all windows."),
                        {visibleText(facts.waylandDisplay)})};
-    if (!facts.display.empty())
+    if (isChosen(facts, BackEnd::x11))
         return onX11(facts, formats);
-    if (!facts.waylandDisplay.empty())
-        return {Verdict::fail,
-                formats.translated("This Wayland session offers no layers of the desktop, and no X "
-                                   "server (Xwayland) runs beside it.")};
-    return {Verdict::fail, formats.translated("There is no display here: neither DISPLAY nor "
-                                              "WAYLAND_DISPLAY is set.")};
+    return {Verdict::fail, filled(formats.translated("The widgets find nothing to stand on: %s."),
+                                  {formats.translated(sentenceKey(facts.choice.error()))})};
+}
+
+Finding reason(BackEndReason reason, const Formats& formats) {
+    return {Verdict::ok,
+            filled(formats.translated("That is so because %s."), {formats.translated(sentenceKey(reason))})};
 }
 
 Finding unmanaged(const WindowManager& manager, const std::string& name, const Formats& formats) {
@@ -104,6 +100,8 @@ Finding ofBlending(Blending blending, const Formats& formats) {
 
 Findings desktopFindings(const DesktopFacts& facts, const Formats& formats) {
     Findings findings{backEnd(facts, formats)};
+    if (facts.choice)
+        findings.push_back(reason(facts.choice->reason, formats));
     if (!facts.x11 || !isChosen(facts, BackEnd::x11))
         return findings;
     for (Finding& finding : ofManager(facts.x11->manager, formats))
