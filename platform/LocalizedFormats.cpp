@@ -1,6 +1,7 @@
 #include "platform/LocalizedFormats.h"
 
 #include "platform/IcuLocale.h"
+#include "platform/IcuTables.h"
 #include "platform/MessageDomain.h"
 
 #include <algorithm>
@@ -108,8 +109,10 @@ struct LocalizedFormats::Formatters {
 
     const icu::SimpleDateFormat* dateFormat(DateFields fields) {
         auto& slot = dates[static_cast<std::size_t>(fields)];
-        if (!slot)
+        if (!slot) {
             slot = newDateFormat(fields);
+            giveBackIcuTables();
+        }
         return slot.get();
     }
 
