@@ -10,8 +10,9 @@ set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/bin")
 
+# The compiler cache does not know again what was compiled with a header that was compiled anew.
 find_program(CCACHE_PROGRAM ccache)
-if(CCACHE_PROGRAM)
+if(CCACHE_PROGRAM AND NOT VANTEL_PRECOMPILED)
     set(CMAKE_CXX_COMPILER_LAUNCHER "${CCACHE_PROGRAM}")
 endif()
 
@@ -48,4 +49,11 @@ function(vantel_room_links)
             endif()
         endforeach()
     endforeach()
+endfunction()
+
+# vantel_precompile(TARGET HEADER…)
+function(vantel_precompile target)
+    if(VANTEL_PRECOMPILED)
+        target_precompile_headers(${target} PRIVATE ${ARGN})
+    endif()
 endfunction()

@@ -23,9 +23,17 @@ def command_of(build, file):
     sys.exit(f"{file} is not compiled")
 
 
+def words_of(entry):
+    """The command without the compiler cache, and without headers that another compiler has precompiled."""
+    words = [word for word in shlex.split(entry["command"]) if not word.endswith("/ccache") and word != "-Winvalid-pch"]
+    while "-include" in words:
+        at = words.index("-include")
+        del words[at:at + 2]
+    return words
+
+
 def preprocessed(entry):
-    words = shlex.split(entry["command"])
-    words = [word for word in words if not word.endswith("/ccache")]
+    words = words_of(entry)
     words = words[:words.index("-o")] + words[words.index("-c"):]
     words[words.index("-c"):words.index("-c") + 1] = ["-E", "-C", "-dD", "-P"]
     skipped = {"-MD"}
@@ -60,7 +68,9 @@ def main():
     known = cache / key_of(program, build, file)
     if known.exists():
         return
-    if subprocess.run([program, "--quiet", "-p", str(build), str(file)]).returncode != 0:
+    entry = command_of(build, file)
+    command = [program, "--quiet", str(file), "--", *without_dependencies(words_of(entry)[1:])]
+    if subprocess.run(command, cwd=entry["directory"]).returncode != 0:
         sys.exit(1)
     cache.mkdir(parents=True, exist_ok=True)
     known.touch()

@@ -80,6 +80,8 @@ int main(int count, char** words) {
     }
     QApplication::setApplicationName(QStringLiteral("vantel-widgets"));
     QApplication::setDesktopFileName(QStringLiteral("org.vantel.Widgets"));
+    // A menu that becomes a window of its own must not make one of the card it belongs to.
+    QCoreApplication::setAttribute(Qt::AA_DontCreateNativeWidgetSiblings);
     const QApplication application(count, words);
     releasePlatform();
     const std::string locale = currentFormatLocale();

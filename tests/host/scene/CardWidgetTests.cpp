@@ -319,18 +319,23 @@ TEST_F(CardWidgetTest, TheCardItselfIsPressedLikeALinkAndHoldsTheOthers) {
     EXPECT_EQ(links.front().front().value<Url>(), Url{"vantel://focus"});
 }
 
+void activate(QWidget& window) {
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+}
+
 TEST_F(CardWidgetTest, ACardThatIsAskedInShowsWhereTheKeyboardIs) {
     QWidget other;
     other.show();
-    other.activateWindow();
+    activate(other);
     const QImage idle = picture();
     card.focusFirst();
     EXPECT_EQ(picture(), idle);
-    card.activateWindow();
+    activate(card);
     EXPECT_NE(picture(), idle);
-    other.activateWindow();
+    activate(other);
     EXPECT_EQ(picture(), idle);
-    card.activateWindow();
+    activate(card);
     EXPECT_EQ(picture(), idle) << "a click may make the window active";
 }
 
