@@ -150,7 +150,7 @@ void CardWindow::noticeLoss() {
 void CardWindow::openMenu(QPoint position) {
     auto* menu = new QMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
-    fillWidgetMenu(*menu, m_choice,
+    fillWidgetMenu(*menu, m_choice, m_hasTakenFocus ? KeyboardUse::now : KeyboardUse::none,
                    {.family = [this](WidgetFamily family) { Q_EMIT familyChosen(family); },
                     .command = [this](MenuCommand command) { Q_EMIT commandChosen(command); }},
                    m_formats);
