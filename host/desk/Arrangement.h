@@ -5,7 +5,7 @@
 #include <QPoint>
 #include <QRect>
 #include <QSize>
-#include <span>
+#include <optional>
 #include <vector>
 
 namespace vantel {
@@ -48,6 +48,11 @@ std::vector<WidgetSpot> firstArrangement(const std::vector<WidgetRow>& rows, con
 /// distance to all others. Where there is none, the top right corner, one gap further in for each card that
 /// starts there already.
 QPoint freeSpot(QSize card, const std::vector<QRect>& taken, const QRect& area, double scale);
+
+/// The place nearest to where a card is wanted that is free, inside the area, and at the distance of cards
+/// from the others; closer to them where it is tight. Absent where no place is free.
+std::optional<QPoint> freeSpotNear(const QRect& wanted, const std::vector<QRect>& taken, const QRect& area,
+                                   double scale);
 
 /// Where a card goes that is dragged to `wanted`: to the edges and gaps of its neighbours and of the area if
 /// they are near, else to a grid; always wholly inside the area.

@@ -301,9 +301,19 @@ void Desk::drop(const Uuid& id) {
     if (monitor == nullptr)
         return dropped.settleCard(dropped.cardScreen());
     adopt(*monitor, monitors);
+    moveAside(dropped, cardsOn(*monitor, id), *monitor);
     settle(*find(id), dropped.cardGeometry(), *monitor);
     keep();
     dropped.settleCard(monitor->screen);
+}
+
+/// A card that was dropped onto another comes to rest beside it, unless the screen is full.
+void Desk::moveAside(CardWindow& dropped, const std::vector<QRect>& others, const Monitor& monitor) const {
+    const QRect card = dropped.cardGeometry();
+    if (!liesOver(card, others))
+        return;
+    if (const auto spot = freeSpotNear(card, others, monitor.available, m_scale))
+        dropped.moveCard(*spot);
 }
 
 void Desk::run(const Uuid& id, MenuCommand command) {

@@ -134,6 +134,51 @@ TEST(FreeSpot, GrowsItsDistanceWithTheScale) {
     EXPECT_EQ(freeSpot(QSize(340, 340), {}, desk, 2), QPoint(612, 48));
 }
 
+struct NearCase {
+    const char* name;
+    QRect wanted;
+    std::vector<QRect> taken;
+    QRect area;
+    std::optional<QPoint> spot;
+};
+
+const NearCase nearCases[] = {
+    {"free already", QRect(300, 100, 170, 170), {}, desk, QPoint(300, 100)},
+    {"over the right of another",
+     QRect(400, 110, 170, 170),
+     {QRect(300, 100, 170, 170)},
+     desk,
+     QPoint(494, 110)},
+    {"over the left of another",
+     QRect(200, 110, 170, 170),
+     {QRect(300, 100, 170, 170)},
+     desk,
+     QPoint(106, 110)},
+    {"over the foot of another",
+     QRect(310, 240, 170, 170),
+     {QRect(300, 100, 170, 170)},
+     desk,
+     QPoint(310, 294)},
+    {"no room above", QRect(310, 40, 170, 170), {QRect(300, 100, 170, 170)}, desk, QPoint(494, 40)},
+    {"beside both of two",
+     QRect(400, 110, 170, 170),
+     {QRect(300, 100, 170, 170), QRect(494, 100, 170, 170)},
+     desk,
+     QPoint(400, 294)},
+    {"between two, closer than usual",
+     QRect(30, 10, 170, 170),
+     {QRect(0, 10, 100, 170), QRect(294, 10, 100, 170)},
+     QRect(0, 0, 394, 190),
+     QPoint(106, 10)},
+    {"beyond the area", QRect(-50, 400, 170, 170), {}, desk, QPoint(24, 306)},
+    {"nowhere", QRect(10, 10, 170, 170), {QRect(0, 0, 300, 170)}, QRect(0, 0, 364, 190), std::nullopt},
+};
+
+TEST(FreeSpotNear, IsAsNearAsThereIsRoom) {
+    for (const auto& [name, wanted, taken, area, spot] : nearCases)
+        EXPECT_EQ(freeSpotNear(wanted, taken, area, 1), spot) << name;
+}
+
 struct CornerCase {
     QRect card;
     Corner corner;
