@@ -59,8 +59,12 @@ public:
     void operator()(const TextPiece& text) {
         m_painter.setOpacity(isPending() && text.invalidatable ? pendingOpacity : 1);
         m_painter.setPen(painted(text.color, m_look));
+        m_painter.save();
+        if (text.isTurned)
+            turnAround(m_piece->rectangle.center().x());
         for (std::size_t i = 0; i < text.block.lines.size(); ++i)
             drawLine(m_painter, onBaseline(text.baselines[i]), text.block.lines[i]);
+        m_painter.restore();
         m_painter.setOpacity(1);
     }
 
@@ -95,6 +99,11 @@ private:
     bool isPending() const {
         return m_piece->row &&
                std::ranges::find(m_state.pendingRows, *m_piece->row) != m_state.pendingRows.end();
+    }
+
+    void turnAround(double x) {
+        m_painter.translate(2 * x, 0);
+        m_painter.scale(-1, 1);
     }
 
     /// Glyphs are crisp where their baseline lies between two rows of pixels.
