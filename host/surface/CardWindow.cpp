@@ -2,7 +2,6 @@
 
 #include "host/scene/Look.h"
 #include "host/surface/CardShadow.h"
-#include "host/surface/CardShape.h"
 
 #include <QApplication>
 #include <QContextMenuEvent>
@@ -84,7 +83,7 @@ void CardWindow::layOut() {
 }
 
 void CardWindow::shapeCard() {
-    m_surface->setCardShape(roundedRegion(m_card->geometry(), cardCornerRadius * m_scale));
+    m_surface->setCardShape({m_card->geometry(), cardCornerRadius * m_scale});
     update();
 }
 
