@@ -27,6 +27,19 @@ TEST_F(DeskTest, TheFirstArrangementStaysTogetherAtAnotherResolution) {
                                      QRect(1726, 440, 170, 170)));
 }
 
+TEST_F(DeskTest, TheFirstArrangementMakesWidgetsSmallWhereAScaleTakesTheirRoom) {
+    Monitor low = laptop;
+    low.geometry = low.available = QRect(0, 0, 1000, 220);
+    screens.set({low});
+    start();
+    EXPECT_EQ(desk->placements().front().family, medium);
+    scale = 1.25;
+    grow(scale);
+    EXPECT_EQ(saved()->front().family, small);
+    EXPECT_EQ(cards().front().size(), QSize(213, 213));
+    EXPECT_EQ(announced.back().front(), (WidgetKey{"A", small}));
+}
+
 TEST_F(DeskTest, AFirstStartWithoutAMonitorWaitsForOne) {
     screens.set({});
     start();
