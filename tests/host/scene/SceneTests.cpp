@@ -218,6 +218,32 @@ TEST(Scene, AnArrowInsideATextIsATextLikeAnyOther) {
     EXPECT_EQ(drawn("a▸", Qt::RightToLeft), drawn("a▸", Qt::LeftToRight));
 }
 
+QColor darkestOf(const QImage& picture) {
+    QColor darkest = Qt::white;
+    for (int y = 60; y < 110; ++y)
+        for (int x = 0; x < 170; ++x)
+            if (picture.pixelColor(x, y).green() < darkest.green())
+                darkest = picture.pixelColor(x, y);
+    return darkest;
+}
+
+QColor pale(const Appearance& appearance, double opacity) {
+    Element words = text("MMM", 40);
+    std::get<Text>(words.kind).style.color = PrimaryColor{opacity};
+    QImage picture(170, 170, QImage::Format_ARGB32_Premultiplied);
+    picture.fill(Qt::white);
+    QPainter painter(&picture);
+    scene::paint(painter, sceneOf(viewOf(words)), testLook(appearance));
+    return darkestOf(picture);
+}
+
+TEST(Scene, PaleTextsAreReadWithEaseAtHighContrastAlone) {
+    EXPECT_GE(pale(Appearance::aqua(), 0.3).green(), 0xB0);
+    EXPECT_LE(pale(Appearance::highContrastAqua(), 0.3).green(), 0x59);
+    EXPECT_EQ(pale(Appearance::highContrastAqua(), 1), QColor(Qt::black));
+    EXPECT_EQ(pale(Appearance::aqua(), 1), QColor(0x1B, 0x1A, 0x17));
+}
+
 TEST(Scene, EveryLinkAndTextIsReadInTheOrderOfTheView) {
     Element count = row({oneLine("6"), oneLine("due")});
     count.accessibilityLabel = "6 due";
