@@ -7,6 +7,7 @@
 #include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QTimer>
 #include <QWindow>
 #include <utility>
 
@@ -205,7 +206,7 @@ void CardWindow::closeEvent(QCloseEvent* event) {
     // A window manager may close the window, but removing the widget is the menu's business. While the
     // program quits, nothing that is queued here is heard any more.
     m_surface->hide();
-    QMetaObject::invokeMethod(this, &CardWindow::showAgain, Qt::QueuedConnection);
+    QTimer::singleShot(0, this, &CardWindow::showAgain);
     QWidget::closeEvent(event);
 }
 
