@@ -70,6 +70,10 @@ public:
 
     virtual Result<void> rename(const FileURL& from, const FileURL& to) = 0;
     virtual Result<void> remove(const FileURL& file) = 0;
+
+    /// What a symbolic link says, which may be relative to its folder. Fails with EINVAL where the name is no
+    /// link, and with ENOENT when there is nothing.
+    virtual Result<FileURL> linkTarget(const FileURL& link) = 0;
 };
 
 /// The operating system's files. Safe to use from any thread.

@@ -183,6 +183,14 @@ public:
     Result<void> remove(const FileURL& file) override {
         return checked(::unlink(file.c_str()), "unlink", file);
     }
+
+    Result<FileURL> linkTarget(const FileURL& link) override {
+        std::error_code error;
+        FileURL target = std::filesystem::read_symlink(link, error);
+        if (error)
+            return std::unexpected(SystemError{"readlink", link.string(), error.value()});
+        return target;
+    }
 };
 
 } // namespace

@@ -101,7 +101,7 @@ const char* sentenceKey(BackEndProblem problem) {
             "this Wayland compositor offers no layers of the desktop (zwlr_layer_shell_v1); the widgets "
             "need them, or an X server (Xwayland)");
     case BackEndProblem::noWaylandPart:
-        return textKey("the part of Qt for Wayland is not installed (package qt6-wayland)");
+        return textKey("Qt lacks its part for Wayland (package qt6-wayland)");
     }
     return "";
 }

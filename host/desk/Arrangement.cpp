@@ -2,8 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <functional>
-#include <optional>
 
 namespace vantel {
 
@@ -19,67 +17,10 @@ bool isTop(Corner corner) {
     return corner == Corner::topLeft || corner == Corner::topRight;
 }
 
-QPoint cornerPoint(const QRect& area, QSize card, int inset) {
-    return {area.x() + area.width() - inset - card.width(), area.y() + inset};
-}
-
-bool keepsDistance(const QRect& card, const std::vector<QRect>& taken, int gap) {
-    const QRect reach = card.adjusted(-gap, -gap, gap, gap);
-    return std::ranges::none_of(taken, [&](const QRect& other) { return reach.intersects(other); });
-}
-
-/// Where a free place can begin, from the right and from the top: beside the area's edges and other cards.
-std::vector<int> columns(QSize card, const std::vector<QRect>& taken, const QRect& area, int gap) {
-    std::vector<int> lefts{cornerPoint(area, card, gap).x()};
-    for (const QRect& other : taken) {
-        lefts.push_back(other.x() + other.width() - card.width());
-        lefts.push_back(other.x() - gap - card.width());
-        lefts.push_back(other.x());
-    }
-    std::ranges::sort(lefts, std::greater());
-    return lefts;
-}
-
-std::vector<int> rows(const std::vector<QRect>& taken, const QRect& area, int gap) {
-    std::vector<int> tops{area.y() + gap};
-    for (const QRect& other : taken) {
-        tops.push_back(other.y());
-        tops.push_back(other.y() + other.height() + gap);
-    }
-    std::ranges::sort(tops);
-    return tops;
-}
-
-std::optional<QPoint> spotWithGap(QSize card, const std::vector<QRect>& taken, const QRect& area, int gap) {
-    const QRect inside = area.adjusted(gap, gap, -gap, -gap);
-    for (const int left : columns(card, taken, area, gap))
-        for (const int top : rows(taken, area, gap)) {
-            const QRect spot(QPoint(left, top), card);
-            if (inside.contains(spot) && keepsDistance(spot, taken, gap))
-                return spot.topLeft();
-        }
-    return std::nullopt;
-}
-
-QPoint cascaded(QSize card, const std::vector<QRect>& taken, const QRect& area, int gap) {
-    QRect spot(cornerPoint(area, card, gap), card);
-    while (std::ranges::any_of(taken, [&](const QRect& other) { return other.topLeft() == spot.topLeft(); }))
-        spot.translate(-gap, gap);
-    return clamped(spot, area);
-}
-
 } // namespace
 
 int cardGap(double scale) {
     return static_cast<int>(std::lround(gapPoints * scale));
-}
-
-QPoint freeSpot(QSize card, const std::vector<QRect>& taken, const QRect& area, double scale) {
-    const int gap = cardGap(scale);
-    for (const int closer : {gap, gap / 2, gap / 4, 0})
-        if (const auto spot = spotWithGap(card, taken, area, closer))
-            return *spot;
-    return cascaded(card, taken, area, gap);
 }
 
 Corner nearestCorner(const QRect& card, const QRect& screen) {

@@ -76,14 +76,17 @@ void Desk::placeFirst(const Monitor& monitor) {
 }
 
 std::vector<WidgetSpot> Desk::firstSpots(const Monitor& monitor) const {
-    return firstArrangement(firstRows(m_parts.bundle), monitor.available, m_scale);
+    return firstArrangement(m_parts.bundle, monitor.available, m_scale);
 }
 
 /// All keep to one corner, so that they stay together at any resolution.
 void Desk::arrangeFirst(const Monitor& monitor) {
     const std::vector<WidgetSpot> spots = firstSpots(monitor);
-    for (std::size_t i = 0; i < spots.size(); ++i)
+    for (std::size_t i = 0; i < spots.size(); ++i) {
+        if (std::exchange(m_placements[i].family, spots[i].widget.family) != spots[i].widget.family)
+            m_windows.erase(m_placements[i].id);
         settle(m_placements[i], spots[i].card, monitor, Corner::topRight);
+    }
     m_parts.store.save(m_placements);
 }
 
@@ -236,7 +239,8 @@ QPoint Desk::shownPosition(const Placement& placement, QSize card, const Monitor
     const QRect place(position, card);
     const bool fits = marginsFrom(placement.corner, place, monitor.geometry) == placement.margins;
     const bool isHome = !isNameless(placement.monitor) || placement.monitor == monitor.identity;
-    if ((isHome && fits && m_scale == 1) || !liesOver(place, shown))
+    const bool isMeant = m_scale == 1 || m_isAsFirst;
+    if ((isHome && fits && isMeant) || !liesOver(place, shown))
         return position;
     return freeSpot(card, shown, monitor.available, m_scale);
 }
@@ -301,9 +305,19 @@ void Desk::drop(const Uuid& id) {
     if (monitor == nullptr)
         return dropped.settleCard(dropped.cardScreen());
     adopt(*monitor, monitors);
+    moveAside(dropped, cardsOn(*monitor, id), *monitor);
     settle(*find(id), dropped.cardGeometry(), *monitor);
     keep();
     dropped.settleCard(monitor->screen);
+}
+
+/// A card that was dropped onto another comes to rest beside it, unless the screen is full.
+void Desk::moveAside(CardWindow& dropped, const std::vector<QRect>& others, const Monitor& monitor) const {
+    const QRect card = dropped.cardGeometry();
+    if (!liesOver(card, others))
+        return;
+    if (const auto spot = freeSpotNear(card, others, monitor.available, m_scale))
+        dropped.moveCard(*spot);
 }
 
 void Desk::run(const Uuid& id, MenuCommand command) {

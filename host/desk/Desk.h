@@ -102,6 +102,7 @@ private:
     void announce();
     void drag(const Uuid& id, QPoint position);
     void drop(const Uuid& id);
+    void moveAside(CardWindow& dropped, const std::vector<QRect>& others, const Monitor& monitor) const;
     void run(const Uuid& id, MenuCommand command);
 
     DeskParts m_parts;

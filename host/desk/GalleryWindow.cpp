@@ -7,12 +7,17 @@
 #include "host/surface/WidgetMenu.h"
 
 #include <QAccessible>
+#include <QCursor>
 #include <QEvent>
+#include <QGuiApplication>
 #include <QKeyEvent>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QScreen>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QStyle>
+#include <QWindow>
 #include <cmath>
 
 namespace vantel {
@@ -93,7 +98,19 @@ QWidget* GalleryWindow::makeScrollArea() {
     scroll->setWidgetResizable(true);
     scroll->setFocusPolicy(Qt::NoFocus);
     scroll->setWidget(m_content);
+    connect(scroll->verticalScrollBar(), &QScrollBar::valueChanged, this, &GalleryWindow::tellOfPointer);
     return scroll;
+}
+
+/// What comes under the pointer because it scrolls would hear of it only when the pointer moves.
+void GalleryWindow::tellOfPointer() {
+    if (!underMouse() || QGuiApplication::mouseButtons() != Qt::NoButton)
+        return;
+    const QPointF global = QCursor::pos();
+    const QPointF local = mapFromGlobal(global);
+    QMouseEvent move(QEvent::MouseMove, local, local, global, Qt::NoButton, Qt::NoButton,
+                     QGuiApplication::keyboardModifiers());
+    QCoreApplication::sendEvent(windowHandle(), &move);
 }
 
 QWidget* GalleryWindow::makeFoot() {

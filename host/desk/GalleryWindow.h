@@ -38,6 +38,7 @@ protected:
 private:
     void layOut();
     QWidget* makeScrollArea();
+    void tellOfPointer();
     QWidget* makeFoot();
     QLayout* makeHead();
     QLayout* makeSection(const StaticConfiguration& configuration, const MakePreview& makePreview);

@@ -11,10 +11,28 @@ namespace vantel {
 namespace {
 
 constexpr int mostSetAside = 1000;
+constexpr int mostLinks = 40; ///< as many as the system follows
+
+bool hasNumber(const Error& error, int number) {
+    const auto* system = std::get_if<SystemError>(&error);
+    return system != nullptr && system->number == number;
+}
 
 bool saysMissing(const Error& error) {
-    const auto* system = std::get_if<SystemError>(&error);
-    return system != nullptr && system->number == ENOENT;
+    return hasNumber(error, ENOENT);
+}
+
+/// The file that a name leads to, through links to links. It need not be there yet.
+Result<FileURL> behindLinks(FileURL file, FileSystem& files) {
+    for (int link = 0; link < mostLinks; ++link) {
+        const auto target = files.linkTarget(file);
+        if (!target && (saysMissing(target.error()) || hasNumber(target.error(), EINVAL)))
+            return file;
+        if (!target)
+            return target;
+        file = file.parent_path() / *target;
+    }
+    return std::unexpected(SystemError{"readlink", file.string(), ELOOP});
 }
 
 Result<Placements> read(const FileURL& file, FileSystem& files) {
@@ -91,7 +109,10 @@ Result<void> PlacementStore::write(const Placements& placements) {
         return std::unexpected(bytes.error());
     if (auto made = m_files.createDirectories(*m_folder); !made)
         return made;
-    return writeFileAtomically(placementsFile(*m_folder), *bytes, m_files);
+    const auto file = behindLinks(placementsFile(*m_folder), m_files);
+    if (!file)
+        return std::unexpected(file.error());
+    return writeFileAtomically(*file, *bytes, m_files);
 }
 
 void PlacementStore::sayFailed(const std::string& why) {

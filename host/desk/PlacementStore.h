@@ -31,7 +31,8 @@ public:
     /// even that fails, nothing is ever written in its place.
     std::optional<Placements> load();
 
-    /// Publishes the placements, whole and durable. A failure is reported once, until a save succeeds again.
+    /// Publishes the placements, whole and durable. Where the name is a link, the file that it leads to is
+    /// replaced, and the link stays. A failure is reported once, until a save succeeds again.
     void save(const Placements& placements);
 
 private:

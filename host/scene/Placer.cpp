@@ -23,6 +23,7 @@ Placer::Placer(Scene& scene, Qt::LayoutDirection direction)
 void Placer::addText(const QRectF& rectangle, TextPiece piece, HorizontalAlignment alignment) {
     const QRectF place = mirrored(rectangle);
     const double share = shareBefore(alignment, m_direction);
+    piece.isTurned = piece.isTurned && m_direction == Qt::RightToLeft;
     double baseline = place.top() + piece.block.metrics.ascent;
     for (const TextLine& line : piece.block.lines) {
         piece.baselines.emplace_back(place.left() + share * (place.width() - line.width), baseline);

@@ -18,6 +18,7 @@ struct TextPiece {
     std::vector<QPointF> baselines; ///< where each line begins, in points
     Color color;
     bool invalidatable = false;
+    bool isTurned = false; ///< drawn the other way round, as an arrow is where the layout is mirrored
 };
 
 struct SymbolPiece {

@@ -13,6 +13,8 @@ namespace {
 constexpr double pendingOpacity = 0.4;
 constexpr double ringOpacity = 0.14;
 constexpr double leastContrast = 1.3;
+constexpr double readableContrast = 7; ///< for who asks for high contrast
+constexpr float opacityStep = 0.02F;
 
 double linear(double component) {
     return component <= 0.04045 ? component / 12.92 : std::pow((component + 0.055) / 1.055, 2.4);
@@ -25,6 +27,29 @@ double luminance(const QColor& color) {
 double contrast(const QColor& a, const QColor& b) {
     const auto [darker, lighter] = std::minmax({luminance(a), luminance(b)});
     return (lighter + 0.05) / (darker + 0.05);
+}
+
+/// What a colour looks like on another one, which is opaque.
+QColor over(const QColor& color, const QColor& background) {
+    const auto mixed = [share = color.alphaF()](float above, float below) {
+        return share * above + (1 - share) * below;
+    };
+    return QColor::fromRgbF(mixed(color.redF(), background.redF()),
+                            mixed(color.greenF(), background.greenF()),
+                            mixed(color.blueF(), background.blueF()));
+}
+
+/// As opaque as it takes to be read with ease, where the colour leaves that to opacity.
+QColor readable(QColor color, const QColor& background) {
+    while (color.alphaF() < 1 && contrast(over(color, background), background) < readableContrast)
+        color.setAlphaF(std::min(color.alphaF() + opacityStep, 1.0F));
+    return color;
+}
+
+bool isHighContrast(const Look& look) {
+    static const Appearance light = Appearance::highContrastAqua();
+    static const Appearance dark = Appearance::highContrastDarkAqua();
+    return look.appearance == light || look.appearance == dark;
 }
 
 /// The point nearest to where a whole device pixel begins.
@@ -58,14 +83,18 @@ public:
 
     void operator()(const TextPiece& text) {
         m_painter.setOpacity(isPending() && text.invalidatable ? pendingOpacity : 1);
-        m_painter.setPen(painted(text.color, m_look));
+        m_painter.setPen(legible(text.color));
+        m_painter.save();
+        if (text.isTurned)
+            turnAround(m_piece->rectangle.center().x());
         for (std::size_t i = 0; i < text.block.lines.size(); ++i)
             drawLine(m_painter, onBaseline(text.baselines[i]), text.block.lines[i]);
+        m_painter.restore();
         m_painter.setOpacity(1);
     }
 
     void operator()(const SymbolPiece& symbol) {
-        const QColor color = painted(symbol.color, m_look);
+        const QColor color = legible(symbol.color);
         if (isPending() && symbol.name == "circle")
             drawFilledCircle(m_painter, m_piece->rectangle, painted(PrimaryColor{}, m_look), m_background);
         else
@@ -92,9 +121,19 @@ public:
     }
 
 private:
+    QColor legible(const Color& color) const {
+        const QColor given = painted(color, m_look);
+        return m_isHighContrast ? readable(given, m_background) : given;
+    }
+
     bool isPending() const {
         return m_piece->row &&
                std::ranges::find(m_state.pendingRows, *m_piece->row) != m_state.pendingRows.end();
+    }
+
+    void turnAround(double x) {
+        m_painter.translate(2 * x, 0);
+        m_painter.scale(-1, 1);
     }
 
     /// Glyphs are crisp where their baseline lies between two rows of pixels.
@@ -109,14 +148,16 @@ private:
     QColor m_background;
     const Look& m_look;
     const PaintState& m_state;
+    bool m_isHighContrast = isHighContrast(m_look);
     const Piece* m_piece = nullptr;
 };
 
 } // namespace
 
 ResolvedColor primaryColor(const Look& look) {
-    constexpr DynamicColor primary{0x1B1A17, 0xFFFFFF};
-    return resolve(primary, look.appearance);
+    constexpr DynamicColor usual{0x1B1A17, 0xFFFFFF};
+    constexpr DynamicColor strongest{0x000000, 0xFFFFFF};
+    return resolve(isHighContrast(look) ? strongest : usual, look.appearance);
 }
 
 QColor painted(const Color& color, const Look& look) {

@@ -17,7 +17,8 @@ ResolvedColor primaryColor(const Look& look);
 QColor painted(const Color& color, const Look& look);
 
 /// Draws a card in points at the painter's origin: its background with round corners, then all pieces. The
-/// painter's scale decides how large a point is.
+/// painter's scale decides how large a point is. At high contrast texts and symbols that are translucent are
+/// as opaque as it takes to be read with ease.
 void paint(QPainter& painter, const Scene& scene, const Look& look, const PaintState& state = {});
 
 } // namespace vantel::scene

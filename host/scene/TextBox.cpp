@@ -15,6 +15,11 @@ constexpr double tolerance = 0.05;
 /// Letters do not become narrower quite as they become smaller.
 constexpr double shrinking = 0.98;
 
+/// A sign that points to where the reading goes on.
+bool isArrow(const QString& text) {
+    return text == QStringLiteral("▸");
+}
+
 } // namespace
 
 TextBox::TextBox(QString text, const TextStyle& style, const Look& look, HorizontalAlignment alignment)
@@ -37,7 +42,8 @@ void TextBox::place(const QRectF& rectangle, Placer& placer) const {
     TextPiece piece{block(rectangle.width() + tolerance, rectangle.height() + tolerance),
                     {},
                     m_style.color,
-                    m_style.invalidatable};
+                    m_style.invalidatable,
+                    isArrow(m_text)};
     placer.addText(rectangle, std::move(piece), m_alignment);
     placer.addSpoken(rectangle, m_text);
 }

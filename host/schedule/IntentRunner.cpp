@@ -38,7 +38,7 @@ IntentRunner::IntentRunner(WidgetBundle bundle, IntentSurroundings surroundings,
 void IntentRunner::run(const std::string& kind, const IntentCall& call) {
     if (isPending(call))
         return;
-    Press& press = m_pending.emplace_back(kind, call);
+    Press& press = m_pending.emplace_back(call);
     const IntentDeclaration* declared = m_bundle.intent(call.name);
     const auto intent = declared != nullptr ? std::optional(*declared) : std::nullopt;
     const auto deliver = [this, kind, call](const std::optional<std::string>& reason) {
@@ -55,10 +55,6 @@ void IntentRunner::run(const std::string& kind, const IntentCall& call) {
 
 bool IntentRunner::isPending(const IntentCall& call) const {
     return std::ranges::find(m_pending, call, &Press::call) != m_pending.end();
-}
-
-bool IntentRunner::hasPending(const std::string& kind) const {
-    return std::ranges::find(m_pending, kind, &Press::kind) != m_pending.end();
 }
 
 bool IntentRunner::drain(std::chrono::milliseconds patience) {

@@ -43,7 +43,6 @@ public:
     void run(const std::string& kind, const IntentCall& call);
 
     bool isPending(const IntentCall& call) const;
-    bool hasPending(const std::string& kind) const;
 
     /// For the end of the program: waits for the presses so far, but no longer than `patience`, and hands out
     /// the outcomes of those that have ended. Whether all have. If not, one that waits for a lock may
@@ -56,7 +55,6 @@ Q_SIGNALS:
 
 private:
     struct Press {
-        std::string kind;
         IntentCall call;
         Worker worker = {};
     };

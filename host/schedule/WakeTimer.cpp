@@ -3,6 +3,7 @@
 #include "platform/CheckedMath.h"
 
 #include <QSocketNotifier>
+#include <QTimer>
 #include <QtGlobal>
 #include <algorithm>
 #include <cerrno>
@@ -56,7 +57,7 @@ void WakeTimer::arm(std::int64_t nanoseconds) {
     const int flags = TFD_TIMER_ABSTIME | TFD_TIMER_CANCEL_ON_SET;
     // The clock may have been set since the last look; the kernel says so here, and no more through `read`.
     if (::timerfd_settime(m_descriptor, flags, &setting, nullptr) != 0 && errno == ECANCELED)
-        QMetaObject::invokeMethod(this, &WakeTimer::tellStep, Qt::QueuedConnection);
+        QTimer::singleShot(0, this, &WakeTimer::tellStep);
 }
 
 void WakeTimer::read() {

@@ -12,6 +12,13 @@ int inset(double distance, double radius) {
     return static_cast<int>(std::ceil(radius - std::sqrt(radius * radius - distance * distance)));
 }
 
+QRect scaled(const QRect& rectangle, double ratio) {
+    const auto device = [ratio](int logical) { return static_cast<int>(std::lround(logical * ratio)); };
+    const QPoint begin(device(rectangle.x()), device(rectangle.y()));
+    const QPoint end(device(rectangle.x() + rectangle.width()), device(rectangle.y() + rectangle.height()));
+    return {begin, QSize(end.x() - begin.x(), end.y() - begin.y())};
+}
+
 } // namespace
 
 QRegion roundedRegion(const QRect& rectangle, double radius) {
@@ -25,6 +32,10 @@ QRegion roundedRegion(const QRect& rectangle, double radius) {
         region += QRect(rectangle.x() + in, rectangle.y() + rectangle.height() - 1 - row, width, 1);
     }
     return region;
+}
+
+QRegion insideOf(const CardShape& shape, double pixelRatio) {
+    return roundedRegion(scaled(shape.card, pixelRatio), shape.radius * pixelRatio);
 }
 
 } // namespace vantel

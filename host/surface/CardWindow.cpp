@@ -2,12 +2,12 @@
 
 #include "host/scene/Look.h"
 #include "host/surface/CardShadow.h"
-#include "host/surface/CardShape.h"
 
 #include <QApplication>
 #include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QTimer>
 #include <QWindow>
 #include <utility>
 
@@ -84,7 +84,7 @@ void CardWindow::layOut() {
 }
 
 void CardWindow::shapeCard() {
-    m_surface->setCardShape(roundedRegion(m_card->geometry(), cardCornerRadius * m_scale));
+    m_surface->setCardShape({m_card->geometry(), cardCornerRadius * m_scale});
     update();
 }
 
@@ -150,7 +150,7 @@ void CardWindow::noticeLoss() {
 void CardWindow::openMenu(QPoint position) {
     auto* menu = new QMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
-    fillWidgetMenu(*menu, m_choice,
+    fillWidgetMenu(*menu, m_choice, m_hasTakenFocus ? KeyboardUse::now : KeyboardUse::none,
                    {.family = [this](WidgetFamily family) { Q_EMIT familyChosen(family); },
                     .command = [this](MenuCommand command) { Q_EMIT commandChosen(command); }},
                    m_formats);
@@ -206,7 +206,7 @@ void CardWindow::closeEvent(QCloseEvent* event) {
     // A window manager may close the window, but removing the widget is the menu's business. While the
     // program quits, nothing that is queued here is heard any more.
     m_surface->hide();
-    QMetaObject::invokeMethod(this, &CardWindow::showAgain, Qt::QueuedConnection);
+    QTimer::singleShot(0, this, &CardWindow::showAgain);
     QWidget::closeEvent(event);
 }
 

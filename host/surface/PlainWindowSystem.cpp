@@ -21,7 +21,7 @@ public:
         widget().show();
     }
 
-    void setCardShape(const QRegion&) override {}
+    void setCardShape(const CardShape&) override {}
     void takeFocus() override { widget().activateWindow(); }
     bool hasKeyboard() const override { return QGuiApplication::focusWindow() == widget().windowHandle(); }
     void giveFocusBack() override { widget().clearFocus(); }

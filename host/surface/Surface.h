@@ -1,7 +1,8 @@
 #pragma once
 
+#include "host/surface/CardShape.h"
+
 #include <QPoint>
-#include <QRegion>
 
 class QMenu;
 class QScreen;
@@ -34,9 +35,9 @@ public:
     /// Opens a menu of the window at a place in it. The menu closes by itself.
     virtual void openMenu(QMenu& menu, QPoint place) = 0;
 
-    /// The part of the window that is the card, in the window's logical pixels. Clicks beyond it go to what
-    /// lies behind; where nothing blends windows, the rest is cut off.
-    virtual void setCardShape(const QRegion& shape) = 0;
+    /// The part of the window that is the card. Clicks beyond it go to what lies behind; where nothing blends
+    /// windows, the rest is cut off.
+    virtual void setCardShape(const CardShape& shape) = 0;
 
     /// Brings the window to the front and the keyboard to it, as the user asked for it.
     virtual void takeFocus() = 0;

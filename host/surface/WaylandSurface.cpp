@@ -151,8 +151,8 @@ void WaylandSurface::openMenu(QMenu& menu, QPoint place) {
         new LayerMenu(menu, m_connection, *m_screen, m_position + place);
 }
 
-void WaylandSurface::setCardShape(const QRegion& shape) {
-    m_shape = shape;
+void WaylandSurface::setCardShape(const CardShape& shape) {
+    m_shape = insideOf(shape, 1);
     update();
 }
 

@@ -29,7 +29,7 @@ public:
     void lift() override;
     void settle(QScreen* screen) override;
     void openMenu(QMenu& menu, QPoint place) override;
-    void setCardShape(const QRegion& shape) override;
+    void setCardShape(const CardShape& shape) override;
     void takeFocus() override;
     void giveFocusBack() override;
 

@@ -47,11 +47,12 @@ QString familyText(WidgetFamily family, const Formats& formats) {
     return QString::fromStdString(familyWord(family, formats));
 }
 
-void fillWidgetMenu(QMenu& menu, const FamilyChoice& choice, const MenuActions& actions,
+void fillWidgetMenu(QMenu& menu, const FamilyChoice& choice, KeyboardUse use, const MenuActions& actions,
                     const Formats& formats) {
     if (choice.families.size() > 1)
         addFamilies(menu, choice, actions, formats);
-    addCommand(menu, formats.translated("Use with the keyboard"), MenuCommand::takeFocus, actions);
+    if (use == KeyboardUse::none)
+        addCommand(menu, formats.translated("Use with the keyboard"), MenuCommand::takeFocus, actions);
     addCommand(menu, formats.translated("Reload"), MenuCommand::reload, actions);
     addCommand(menu, formats.translated("Remove"), MenuCommand::remove, actions);
     menu.addSeparator();

@@ -18,6 +18,9 @@ struct FamilyChoice {
     WidgetFamily current = WidgetFamily::systemSmall;
 };
 
+/// Whether a card is used with the keyboard already.
+enum class KeyboardUse { none, now };
+
 struct MenuActions {
     std::function<void(WidgetFamily)> family;
     std::function<void(MenuCommand)> command;
@@ -26,8 +29,9 @@ struct MenuActions {
 /// The size in the user's words: "Small".
 QString familyText(WidgetFamily family, const Formats& formats);
 
-/// Fills the menu of a card. Sizes are there only when there is a choice.
-void fillWidgetMenu(QMenu& menu, const FamilyChoice& choice, const MenuActions& actions,
+/// Fills the menu of a card. Sizes are there only when there is a choice, and the keyboard only where it is
+/// not yet.
+void fillWidgetMenu(QMenu& menu, const FamilyChoice& choice, KeyboardUse use, const MenuActions& actions,
                     const Formats& formats);
 
 } // namespace vantel

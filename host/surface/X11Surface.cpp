@@ -5,6 +5,7 @@
 #include <QWindow>
 #include <array>
 #include <chrono>
+#include <vector>
 
 #include <xcb/shape.h>
 
@@ -21,16 +22,13 @@ constexpr char windowClass[] = "vantel-widgets\0org.vantel.Widgets";
 constexpr std::size_t hintCount = 9;
 constexpr std::uint32_t inputCounts = 1;
 
-std::int16_t devicePixel(int logical, double ratio) {
-    return static_cast<std::int16_t>(qRound(logical * ratio));
-}
-
-xcb_rectangle_t deviceRectangle(const QRect& rectangle, double ratio) {
-    const std::int16_t left = devicePixel(rectangle.x(), ratio);
-    const std::int16_t top = devicePixel(rectangle.y(), ratio);
-    const std::int16_t right = devicePixel(rectangle.x() + rectangle.width(), ratio);
-    const std::int16_t bottom = devicePixel(rectangle.y() + rectangle.height(), ratio);
-    return {left, top, static_cast<std::uint16_t>(right - left), static_cast<std::uint16_t>(bottom - top)};
+std::vector<xcb_rectangle_t> rectanglesOf(const QRegion& region) {
+    std::vector<xcb_rectangle_t> rectangles;
+    for (const QRect& each : region)
+        rectangles.push_back({static_cast<std::int16_t>(each.x()), static_cast<std::int16_t>(each.y()),
+                              static_cast<std::uint16_t>(each.width()),
+                              static_cast<std::uint16_t>(each.height())});
+    return rectangles;
 }
 
 } // namespace
@@ -116,23 +114,25 @@ void X11Surface::setKeyboard(Keyboard keyboard) const {
     m_connection.setNumbers(window(), "WM_HINTS", XCB_ATOM_WM_HINTS, hints);
 }
 
-void X11Surface::setCardShape(const QRegion& shape) {
+void X11Surface::setCardShape(const CardShape& shape) {
     m_shape = shape;
     if (widget().isVisible())
         applyShape();
 }
 
+/// Not by the toolkit's masks, which know logical pixels only: corners would be steps on a fine screen.
 void X11Surface::applyShape() const {
+    const auto rectangles = rectanglesOf(insideOf(m_shape, widget().devicePixelRatioF()));
+    const auto shape = [&](xcb_shape_sk_t kind) {
+        xcb_shape_rectangles(m_connection.xcb(), XCB_SHAPE_SO_SET, kind, XCB_CLIP_ORDERING_UNSORTED, window(),
+                             0, 0, static_cast<std::uint32_t>(rectangles.size()), rectangles.data());
+    };
+    shape(XCB_SHAPE_SK_INPUT);
     if (m_system.blending() == Blending::none)
-        widget().setMask(m_shape);
+        shape(XCB_SHAPE_SK_BOUNDING);
     else
-        widget().clearMask();
-    const double ratio = widget().devicePixelRatioF();
-    std::vector<xcb_rectangle_t> rectangles;
-    for (const QRect& rectangle : m_shape)
-        rectangles.push_back(deviceRectangle(rectangle, ratio));
-    xcb_shape_rectangles(m_connection.xcb(), XCB_SHAPE_SO_SET, XCB_SHAPE_SK_INPUT, XCB_CLIP_ORDERING_UNSORTED,
-                         window(), 0, 0, static_cast<std::uint32_t>(rectangles.size()), rectangles.data());
+        xcb_shape_mask(m_connection.xcb(), XCB_SHAPE_SO_SET, XCB_SHAPE_SK_BOUNDING, window(), 0, 0,
+                       XCB_PIXMAP_NONE);
 }
 
 void X11Surface::takeFocus() {

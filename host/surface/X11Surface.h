@@ -14,7 +14,7 @@ public:
     X11Surface(QWidget& window, X11WindowSystem& system);
 
     void show(QScreen* screen, QPoint position) override;
-    void setCardShape(const QRegion& shape) override;
+    void setCardShape(const CardShape& shape) override;
     void takeFocus() override;
     bool hasKeyboard() const override;
     void giveFocusBack() override;
@@ -39,7 +39,7 @@ private:
     X11WindowSystem& m_system;
     const X11Connection& m_connection;
     WindowMode m_mode = WindowMode::normalBelow;
-    QRegion m_shape;
+    CardShape m_shape;
     int m_triesLeft = 5;
 };
 

@@ -22,7 +22,8 @@ const char* name(FileOperation operation) {
                                   "syncData",
                                   "changeMode",
                                   "rename",
-                                  "remove"};
+                                  "remove",
+                                  "linkTarget"};
     return names.at(static_cast<std::size_t>(operation));
 }
 

@@ -25,7 +25,8 @@ enum class FileOperation {
     syncData,
     changeMode,
     rename,
-    remove
+    remove,
+    linkTarget
 };
 
 const char* name(FileOperation operation);

@@ -250,4 +250,11 @@ Result<void> MemoryFileSystem::remove(const FileURL& file) {
     return {};
 }
 
+Result<FileURL> MemoryFileSystem::linkTarget(const FileURL& link) {
+    if (const auto entered = enter(FileOperation::linkTarget, link); !entered)
+        return std::unexpected(entered.error());
+    return refusal(FileOperation::linkTarget, link,
+                   m_disk.find(link) || m_disk.hasFolder(link) ? EINVAL : ENOENT);
+}
+
 } // namespace vantel::testing

@@ -41,6 +41,7 @@ public:
     Result<void> changeMode(Descriptor descriptor, unsigned mode) override;
     Result<void> rename(const FileURL& from, const FileURL& to) override;
     Result<void> remove(const FileURL& file) override;
+    Result<FileURL> linkTarget(const FileURL& link) override;
 
 private:
     struct OpenFile {

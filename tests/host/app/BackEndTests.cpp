@@ -111,6 +111,17 @@ const Refused refused[]{
 INSTANTIATE_TEST_SUITE_P(Table, RefusedBackEnd, ::testing::ValuesIn(refused),
                          [](const auto& row) { return row.param.name; });
 
+/// In some languages the order of words is another one after "because" than after a colon.
+TEST(BackEndSentences, AProblemNeverHasTheTextOfAReason) {
+    using enum BackEndProblem;
+    for (const BackEndProblem problem :
+         {noDisplay, noXServer, silentXServer, noCompositor, noLayers, noWaylandPart})
+        for (const auto reason :
+             {BackEndReason::commandLine, BackEndReason::platformVariable, BackEndReason::compositorLayers,
+              BackEndReason::noCompositor, BackEndReason::noLayers, BackEndReason::noWaylandPart})
+            EXPECT_STRNE(sentenceKey(problem), sentenceKey(reason));
+}
+
 } // namespace
 
 } // namespace vantel::testing

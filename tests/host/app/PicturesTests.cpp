@@ -34,6 +34,14 @@ TEST(Pictures, EveryWidgetLooksAsItDidInEverySizeAndAppearance) {
                               preview(widget, family, isDark ? Appearance::darkAqua() : Appearance::aqua()));
 }
 
+TEST(Pictures, HighContrastLooksAsItDid) {
+    const StaticConfiguration focus = VantelWidgetsBundle::body().widgets[0];
+    expectPicture("focus-medium-high-contrast-light",
+                  preview(focus, WidgetFamily::systemMedium, Appearance::highContrastAqua()));
+    expectPicture("focus-medium-high-contrast-dark",
+                  preview(focus, WidgetFamily::systemMedium, Appearance::highContrastDarkAqua()));
+}
+
 TEST(Pictures, TheSamePictureComesOutTwice) {
     const WidgetBundle bundle = VantelWidgetsBundle::body();
     EXPECT_EQ(galleryPicture(bundle, context()), galleryPicture(bundle, context()));

@@ -54,7 +54,7 @@ std::vector<QRect> cardsOf(const std::vector<WidgetSpot>& spots) {
 }
 
 std::vector<QRect> firstCards(const QRect& area, double scale) {
-    return cardsOf(firstArrangement(firstRows(fourWidgets()), area, scale));
+    return cardsOf(firstArrangement(fourWidgets(), area, scale));
 }
 
 TEST(FirstArrangement, IsOneColumnAtTheTopRightOfASmallLaptop) {
@@ -91,8 +91,57 @@ TEST(FirstArrangement, KeepsItsDistancesOnEveryUsualScreen) {
         }
 }
 
-TEST(FirstArrangement, StaysOnAScreenThatIsTooSmallForIt) {
+TEST(FirstArrangement, PutsSmallOnesBesideLargeOnesWhereRowsFindNoRoom) {
+    EXPECT_THAT(firstCards(QRect(0, 0, 640, 480), 1),
+                ElementsAre(QRect(252, 24, 364, 170), QRect(58, 24, 170, 170), QRect(58, 218, 170, 170),
+                            QRect(252, 218, 364, 170)));
+}
+
+TEST(FirstArrangement, StandsCloserOnAHalvedLaptop) {
+    EXPECT_THAT(firstCards(QRect(0, 0, 683, 384), 1),
+                ElementsAre(QRect(307, 12, 364, 170), QRect(125, 12, 170, 170), QRect(125, 194, 170, 170),
+                            QRect(307, 194, 364, 170)));
+}
+
+TEST(FirstArrangement, MakesNoMoreOfThemSmallThanItMust) {
+    const WidgetBundle bundle = bundleOf({{"a", {small, medium}}, {"b", {small, medium}}, {"c", {medium}}});
+    EXPECT_EQ(firstArrangement(bundle, QRect(0, 0, 1000, 220), 1),
+              (std::vector<WidgetSpot>{{{"a", medium}, QRect(612, 24, 364, 170)},
+                                       {{"b", small}, QRect(30, 24, 170, 170)},
+                                       {{"c", medium}, QRect(224, 24, 364, 170)}}));
+}
+
+/// Whether the title of a card is seen beside another card, should that lie above.
+bool showsItsTitle(const QRect& card, const QRect& other, double scale) {
+    return !QRect(card.topLeft(), (QSizeF(96, 40) * scale).toSize()).intersects(other);
+}
+
+TEST(FirstArrangement, ShowsEveryTitleWhicheverCardLiesAboveWhereTheyMustLieOverEachOther) {
+    const std::pair<QRect, double> rows[] = {
+        {{0, 0, 458, 290}, 1}, {{0, 28, 683, 300}, 1}, {{0, 0, 683, 384}, 1.25}};
+    for (const auto& [area, scale] : rows) {
+        const std::vector<QRect> cards = firstCards(area, scale);
+        for (const QRect& card : cards) {
+            EXPECT_TRUE(area.contains(card)) << area.width() << " at " << scale;
+            for (const QRect& other : cards)
+                EXPECT_TRUE(&other == &card || showsItsTitle(card, other, scale))
+                    << area.width() << " at " << scale;
+        }
+    }
+}
+
+TEST(FirstArrangement, OnATinyScreenShowsEveryTitleWhereLaterCardsLieAbove) {
     const QRect area(0, 0, 400, 300);
+    const std::vector<QRect> cards = firstCards(area, 1);
+    for (std::size_t i = 0; i < cards.size(); ++i) {
+        EXPECT_TRUE(area.contains(cards[i])) << i;
+        for (std::size_t above = i + 1; above < cards.size(); ++above)
+            EXPECT_TRUE(showsItsTitle(cards[i], cards[above], 1)) << i << " below " << above;
+    }
+}
+
+TEST(FirstArrangement, StaysOnAScreenThatIsTooSmallForAllTitles) {
+    const QRect area(0, 0, 364, 180);
     for (const QRect& card : firstCards(area, 1))
         EXPECT_TRUE(area.contains(card));
 }
@@ -125,13 +174,63 @@ TEST(FreeSpot, IsCloserToTheOthersBeforeItLiesOverOne) {
     EXPECT_EQ(freeSpot(smallCard, {QRect(182, 0, 170, 170)}, QRect(0, 0, 352, 170), 1), QPoint(12, 0));
 }
 
-TEST(FreeSpot, OfAFullDeskDoesNotHideAnotherCardWholly) {
+TEST(FreeSpot, OfAFullDeskHidesNoTitle) {
     const std::vector<QRect> taken{desk, QRect(806, 24, 170, 170), QRect(782, 48, 170, 170)};
-    EXPECT_EQ(freeSpot(smallCard, taken, desk, 1), QPoint(758, 72));
+    EXPECT_EQ(freeSpot(smallCard, taken, desk, 1), QPoint(806, 88));
+}
+
+TEST(FreeSpot, WhereATitleMustBeHiddenDoesNotHideAnotherCardWholly) {
+    const QRect tiny(0, 0, 260, 190);
+    EXPECT_EQ(freeSpot(smallCard, {tiny, QRect(66, 24, 170, 170)}, tiny, 1), QPoint(42, 20));
 }
 
 TEST(FreeSpot, GrowsItsDistanceWithTheScale) {
     EXPECT_EQ(freeSpot(QSize(340, 340), {}, desk, 2), QPoint(612, 48));
+}
+
+struct NearCase {
+    const char* name;
+    QRect wanted;
+    std::vector<QRect> taken;
+    QRect area;
+    std::optional<QPoint> spot;
+};
+
+const NearCase nearCases[] = {
+    {"free already", QRect(300, 100, 170, 170), {}, desk, QPoint(300, 100)},
+    {"over the right of another",
+     QRect(400, 110, 170, 170),
+     {QRect(300, 100, 170, 170)},
+     desk,
+     QPoint(494, 110)},
+    {"over the left of another",
+     QRect(200, 110, 170, 170),
+     {QRect(300, 100, 170, 170)},
+     desk,
+     QPoint(106, 110)},
+    {"over the foot of another",
+     QRect(310, 240, 170, 170),
+     {QRect(300, 100, 170, 170)},
+     desk,
+     QPoint(310, 294)},
+    {"no room above", QRect(310, 40, 170, 170), {QRect(300, 100, 170, 170)}, desk, QPoint(494, 40)},
+    {"beside both of two",
+     QRect(400, 110, 170, 170),
+     {QRect(300, 100, 170, 170), QRect(494, 100, 170, 170)},
+     desk,
+     QPoint(400, 294)},
+    {"between two, closer than usual",
+     QRect(30, 10, 170, 170),
+     {QRect(0, 10, 100, 170), QRect(294, 10, 100, 170)},
+     QRect(0, 0, 394, 190),
+     QPoint(106, 10)},
+    {"beyond the area", QRect(-50, 400, 170, 170), {}, desk, QPoint(24, 306)},
+    {"nowhere", QRect(10, 10, 170, 170), {QRect(0, 0, 300, 170)}, QRect(0, 0, 364, 190), std::nullopt},
+};
+
+TEST(FreeSpotNear, IsAsNearAsThereIsRoom) {
+    for (const auto& [name, wanted, taken, area, spot] : nearCases)
+        EXPECT_EQ(freeSpotNear(wanted, taken, area, 1), spot) << name;
 }
 
 struct CornerCase {

@@ -27,6 +27,19 @@ TEST_F(DeskTest, TheFirstArrangementStaysTogetherAtAnotherResolution) {
                                      QRect(1726, 440, 170, 170)));
 }
 
+TEST_F(DeskTest, TheFirstArrangementMakesWidgetsSmallWhereAScaleTakesTheirRoom) {
+    Monitor low = laptop;
+    low.geometry = low.available = QRect(0, 0, 1000, 220);
+    screens.set({low});
+    start();
+    EXPECT_EQ(desk->placements().front().family, medium);
+    scale = 1.25;
+    grow(scale);
+    EXPECT_EQ(saved()->front().family, small);
+    EXPECT_EQ(cards().front().size(), QSize(213, 213));
+    EXPECT_EQ(announced.back().front(), (WidgetKey{"A", small}));
+}
+
 TEST_F(DeskTest, AFirstStartWithoutAMonitorWaitsForOne) {
     screens.set({});
     start();
@@ -137,6 +150,43 @@ TEST_F(DeskTest, ADragBeyondAllScreensStaysOnItsOwn) {
     CardWindow& window = *desk->window(widgetA().id);
     Q_EMIT window.dragged(QPoint(5000, 5000));
     EXPECT_EQ(window.cardGeometry(), QRect(1172, 574, 170, 170));
+}
+
+Placement below(const Placement& other) {
+    Placement placement = other;
+    placement.id.bytes[0] = 1;
+    placement.margins.vertical += 300;
+    return placement;
+}
+
+TEST_F(DeskTest, ACardThatIsDroppedOntoAnotherComesToRestBesideIt) {
+    save({widgetA(), below(widgetA())});
+    start();
+    CardWindow& window = *desk->window(widgetA().id);
+    Q_EMIT window.dragged(QPoint(1060, 300));
+    ASSERT_TRUE(window.cardGeometry().intersects(cardOf(below(widgetA()).id)));
+    Q_EMIT window.dropped();
+    EXPECT_EQ(window.cardGeometry(), QRect(978, 300, 170, 170));
+    EXPECT_EQ(saved()->front().margins, (Margins{218, 298}));
+    EXPECT_EQ(cardOf(below(widgetA()).id), QRect(1172, 352, 170, 170));
+}
+
+TEST_F(DeskTest, ACardThatIsDroppedOnAFullScreenStaysWhereItWasDropped) {
+    Monitor tight = laptop;
+    tight.geometry = tight.available = QRect(0, 0, 360, 190);
+    screens.set({tight});
+    Placement left = widgetA();
+    left.id.bytes[0] = 1;
+    left.kind = "B";
+    left.family = medium;
+    left.margins = {0, 0};
+    save({widgetA(), left});
+    start();
+    CardWindow& window = *desk->window(widgetA().id);
+    Q_EMIT window.dragged(QPoint(100, 10));
+    const QRect where = window.cardGeometry();
+    Q_EMIT window.dropped();
+    EXPECT_EQ(window.cardGeometry(), where);
 }
 
 TEST_F(DeskTest, AWindowBearsTheNameOfItsWidget) {

@@ -153,6 +153,18 @@ TEST_F(GalleryWindowTest, TheFocusIsSeen) {
     EXPECT_NE(tiles()[0]->grab().toImage(), before);
 }
 
+TEST_F(GalleryWindowTest, WhatIsScrolledAwayFromThePointerIsMarkedNoMore) {
+    gallery.resize(gallery.width(), 300);
+    QCursor::setPos(tiles()[0]->mapToGlobal(tiles()[0]->rect().center()));
+    QCoreApplication::processEvents();
+    ASSERT_TRUE(tiles()[0]->underMouse());
+    const int distance = tiles()[0]->height();
+    gallery.findChild<QScrollArea*>()->verticalScrollBar()->setValue(distance);
+    EXPECT_FALSE(tiles()[0]->underMouse());
+    gallery.findChild<QScrollArea*>()->verticalScrollBar()->setValue(0);
+    EXPECT_TRUE(tiles()[0]->underMouse());
+}
+
 TEST_F(GalleryWindowTest, EscapeCloses) {
     press(tiles()[0], Qt::Key_Escape);
     EXPECT_FALSE(gallery.isVisible());

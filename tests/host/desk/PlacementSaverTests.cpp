@@ -66,6 +66,7 @@ public:
     Result<void> changeMode(Descriptor one, unsigned mode) override { return m_files.changeMode(one, mode); }
     Result<void> rename(const FileURL& from, const FileURL& to) override { return m_files.rename(from, to); }
     Result<void> remove(const FileURL& path) override { return m_files.remove(path); }
+    Result<FileURL> linkTarget(const FileURL& link) override { return m_files.linkTarget(link); }
 
 private:
     FileSystem& m_files;

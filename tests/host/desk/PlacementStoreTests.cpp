@@ -1,8 +1,11 @@
 #include "host/desk/PlacementStore.h"
+#include "platform/DataFile.h"
 #include "tests/fakes/MemoryFileSystem.h"
 #include "tests/fakes/ScopedEnvironment.h"
+#include "tests/fakes/ScratchFolder.h"
 
 #include <cerrno>
+#include <fstream>
 
 #include <gmock/gmock.h>
 
@@ -102,6 +105,61 @@ TEST_F(PlacementStoreTest, WithoutAFolderNothingIsKeptAndThatIsSaid) {
     EXPECT_EQ(homeless.load(), std::nullopt);
     homeless.save(oneWidget());
     EXPECT_EQ(reports.size(), 1U);
+}
+
+/// The real files of a user who keeps the document elsewhere.
+struct LinkedPlacementsTest : ::testing::Test {
+    ScratchFolder scratch;
+    FileURL state = scratch / "state";
+    FileURL link = state / "placements.json";
+    std::vector<std::string> reports;
+    PlacementStore store{state, systemFileSystem(),
+                         [this](const std::string& text) { reports.push_back(text); }};
+
+    LinkedPlacementsTest() {
+        std::filesystem::create_directory(state);
+        std::filesystem::create_directory(scratch / "dotfiles");
+    }
+
+    static Placements widget(const std::string& kind) { return {Placement{.kind = kind}}; }
+};
+
+TEST_F(LinkedPlacementsTest, ASaveReplacesTheFileBehindTheLinksAndLeavesThem) {
+    std::filesystem::create_symlink("../dotfiles/widgets.json", link);
+    std::filesystem::create_symlink(scratch / "kept.json", scratch / "dotfiles/widgets.json");
+    std::ofstream(scratch / "kept.json") << writePlacements(widget("Old")).value();
+    std::filesystem::permissions(scratch / "kept.json", std::filesystem::perms(0600));
+    EXPECT_EQ(store.load(), widget("Old"));
+    store.save(widget("New"));
+    EXPECT_EQ(std::filesystem::read_symlink(link), "../dotfiles/widgets.json");
+    EXPECT_EQ(std::filesystem::read_symlink(scratch / "dotfiles/widgets.json"), scratch / "kept.json");
+    EXPECT_EQ(readFile(scratch / "kept.json", systemFileSystem()).value(),
+              writePlacements(widget("New")).value());
+    EXPECT_EQ(std::filesystem::status(scratch / "kept.json").permissions(), std::filesystem::perms(0600));
+    EXPECT_THAT(reports, IsEmpty());
+}
+
+TEST_F(LinkedPlacementsTest, ASaveMakesTheFileThatALinkLeadsToInVain) {
+    std::filesystem::create_symlink("../dotfiles/widgets.json", link);
+    EXPECT_EQ(store.load(), std::nullopt);
+    store.save(widget("New"));
+    EXPECT_TRUE(std::filesystem::is_symlink(link));
+    EXPECT_EQ(readFile(scratch / "dotfiles/widgets.json", systemFileSystem()).value(),
+              writePlacements(widget("New")).value());
+}
+
+TEST_F(LinkedPlacementsTest, ALinkIntoAFolderThatIsMissingIsReportedAndStays) {
+    std::filesystem::create_symlink("../gone/widgets.json", link);
+    store.save(widget("New"));
+    EXPECT_TRUE(std::filesystem::is_symlink(link));
+    EXPECT_THAT(reports, ElementsAre(HasSubstr("cannot be saved")));
+}
+
+TEST_F(LinkedPlacementsTest, LinksInACircleAreReportedAndStay) {
+    std::filesystem::create_symlink("placements.json", link);
+    store.save(widget("New"));
+    EXPECT_TRUE(std::filesystem::is_symlink(link));
+    EXPECT_THAT(reports, ElementsAre(HasSubstr("cannot be saved")));
 }
 
 struct StateFolderCase {

@@ -21,11 +21,12 @@ def call(bus, name, path, method, signature="()", *arguments):
 
 
 class SettingsPortal:
-    """Tells whether the desktop is dark, as the portals do."""
+    """Tells of the desktop's looks, as the portals do."""
     name, path = "org.freedesktop.portal.Desktop", "/org/freedesktop/portal/desktop"
-    interface, space, key = "org.freedesktop.portal.Settings", "org.freedesktop.appearance", "color-scheme"
-    text_scale_setting = "org.gnome.desktop.interface", "text-scaling-factor"
-    text_scale = None
+    interface = "org.freedesktop.portal.Settings"
+    color_scheme = "org.freedesktop.appearance", "color-scheme"
+    contrast = "org.freedesktop.appearance", "contrast"
+    text_scale = "org.gnome.desktop.interface", "text-scaling-factor"
     declaration = """<node><interface name='org.freedesktop.portal.Settings'>
         <method name='ReadOne'>
             <arg type='s' direction='in'/><arg type='s' direction='in'/><arg type='v' direction='out'/>
@@ -34,7 +35,7 @@ class SettingsPortal:
     </interface></node>"""
 
     def __init__(self, desktop):
-        self.is_dark = False
+        self.settings = {self.color_scheme: GLib.Variant("u", 2), self.contrast: GLib.Variant("u", 0)}
         self.bus = connect(desktop.environment["DBUS_SESSION_BUS_ADDRESS"])
         self.bus.register_object(self.path, Gio.DBusNodeInfo.new_for_xml(self.declaration).interfaces[0],
                                  self.answer, None, None)
@@ -42,18 +43,23 @@ class SettingsPortal:
              self.name, 0)
         threading.Thread(target=GLib.MainLoop().run, daemon=True).start()
 
-    def scheme(self):
-        return GLib.Variant("u", 1 if self.is_dark else 2)
-
     def answer(self, _bus, _sender, _path, _interface, _method, arguments, invocation):
-        if arguments.unpack() == (self.space, self.key):
-            invocation.return_value(GLib.Variant("(v)", (self.scheme(),)))
-        elif self.text_scale and arguments.unpack() == self.text_scale_setting:
-            invocation.return_value(GLib.Variant("(v)", (GLib.Variant("d", self.text_scale),)))
+        value = self.settings.get(arguments.unpack())
+        if value:
+            invocation.return_value(GLib.Variant("(v)", (value,)))
         else:
             invocation.return_dbus_error("org.freedesktop.portal.Error.NotFound", "no such setting")
 
-    def darken(self, is_dark):
-        self.is_dark = is_dark
+    def change(self, setting, value):
+        self.settings[setting] = value
         self.bus.emit_signal(None, self.path, self.interface, "SettingChanged",
-                             GLib.Variant("(ssv)", (self.space, self.key, self.scheme())))
+                             GLib.Variant("(ssv)", (*setting, value)))
+
+    def darken(self, is_dark):
+        self.change(self.color_scheme, GLib.Variant("u", 1 if is_dark else 2))
+
+    def heighten_contrast(self, is_high):
+        self.change(self.contrast, GLib.Variant("u", 1 if is_high else 0))
+
+    def scale_texts(self, scale):
+        self.change(self.text_scale, GLib.Variant("d", scale))

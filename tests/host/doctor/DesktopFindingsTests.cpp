@@ -45,8 +45,7 @@ const GroundCase groundCases[] = {
      "fail  The X server :0␛[2J does not answer.",
      "ok    That is so because no Wayland compositor answers here."},
     {{.waylandDisplay = "wayland-1", .choice = std::unexpected(BackEndProblem::noWaylandPart)},
-     "fail  The widgets find nothing to stand on: the part of Qt for Wayland is not installed (package "
-     "qt6-wayland).",
+     "fail  The widgets find nothing to stand on: Qt lacks its part for Wayland (package qt6-wayland).",
      ""},
     {{},
      "fail  The widgets find nothing to stand on: there is no display here (neither DISPLAY nor "

@@ -1,4 +1,8 @@
+#include "host/scene/ScenePainter.h"
 #include "tests/host/scene/SceneFixture.h"
+
+#include <QImage>
+#include <QPainter>
 
 #include <gtest/gtest.h>
 
@@ -180,6 +184,64 @@ TEST(Scene, RightToLeftLayoutsAreMirrored) {
     const Element line = filling(row({block(10, 10), block(20, 10)}));
     const scene::Scene scene = sceneOf(viewOf(line), instantFromReference(0), Qt::RightToLeft);
     EXPECT_EQ(rectangles(scene), (std::vector{QRectF(144, 16, 10, 10), QRectF(118, 16, 20, 10)}));
+}
+
+QImage drawn(const std::string& words, Qt::LayoutDirection direction) {
+    QImage picture(170, 170, QImage::Format_ARGB32_Premultiplied);
+    picture.fill(Qt::white);
+    QPainter painter(&picture);
+    scene::paint(painter, sceneOf(viewOf(text(words, 40)), instantFromReference(0), direction), testLook());
+    return picture;
+}
+
+/// Where the ink of a picture lies on average, from its left edge.
+double centreOfInk(const QImage& picture) {
+    double ink = 0;
+    double moment = 0;
+    for (int y = 60; y < 110; ++y)
+        for (int x = 0; x < 170; ++x) {
+            const int darkness = 255 - picture.pixelColor(x, y).green();
+            ink += darkness;
+            moment += darkness * (x + 0.5);
+        }
+    return moment / ink;
+}
+
+TEST(Scene, AnArrowPointsToWhereTheReadingGoesOn) {
+    const double forward = centreOfInk(drawn("▸", Qt::LeftToRight));
+    const double backward = centreOfInk(drawn("▸", Qt::RightToLeft));
+    EXPECT_GT(std::abs(forward - 85), 0.5);
+    EXPECT_NEAR(forward + backward, 170, 0.1);
+}
+
+TEST(Scene, AnArrowInsideATextIsATextLikeAnyOther) {
+    EXPECT_EQ(drawn("a▸", Qt::RightToLeft), drawn("a▸", Qt::LeftToRight));
+}
+
+QColor darkestOf(const QImage& picture) {
+    QColor darkest = Qt::white;
+    for (int y = 60; y < 110; ++y)
+        for (int x = 0; x < 170; ++x)
+            if (picture.pixelColor(x, y).green() < darkest.green())
+                darkest = picture.pixelColor(x, y);
+    return darkest;
+}
+
+QColor pale(const Appearance& appearance, double opacity) {
+    Element words = text("MMM", 40);
+    std::get<Text>(words.kind).style.color = PrimaryColor{opacity};
+    QImage picture(170, 170, QImage::Format_ARGB32_Premultiplied);
+    picture.fill(Qt::white);
+    QPainter painter(&picture);
+    scene::paint(painter, sceneOf(viewOf(words)), testLook(appearance));
+    return darkestOf(picture);
+}
+
+TEST(Scene, PaleTextsAreReadWithEaseAtHighContrastAlone) {
+    EXPECT_GE(pale(Appearance::aqua(), 0.3).green(), 0xB0);
+    EXPECT_LE(pale(Appearance::highContrastAqua(), 0.3).green(), 0x59);
+    EXPECT_EQ(pale(Appearance::highContrastAqua(), 1), QColor(Qt::black));
+    EXPECT_EQ(pale(Appearance::aqua(), 1), QColor(0x1B, 0x1A, 0x17));
 }
 
 TEST(Scene, EveryLinkAndTextIsReadInTheOrderOfTheView) {

@@ -30,6 +30,13 @@ TEST(RoundedRegion, WithoutARadiusIsTheRectangle) {
     EXPECT_EQ(roundedRegion(QRect(3, 4, 50, 60), 0), QRegion(3, 4, 50, 60));
 }
 
+TEST(InsideOf, HasCornersAsFineAsTheScreenIs) {
+    const CardShape shape{QRect(24, 24, 170, 170), 22};
+    EXPECT_EQ(insideOf(shape, 1), roundedRegion(QRect(24, 24, 170, 170), 22));
+    EXPECT_EQ(insideOf(shape, 2), roundedRegion(QRect(48, 48, 340, 340), 44));
+    EXPECT_EQ(insideOf(shape, 1.25), roundedRegion(QRect(30, 30, 213, 213), 27.5));
+}
+
 } // namespace
 
 } // namespace vantel

@@ -181,6 +181,18 @@ TEST_F(CardWindowTest, TheMenuKeyOpensTheMenuToo) {
     menu()->close();
 }
 
+TEST_F(CardWindowTest, TheMenuOffersTheKeyboard) {
+    window->openMenu(QPoint(40, 40));
+    EXPECT_EQ(menu()->actions().front()->text(), QStringLiteral("Use with the keyboard"));
+}
+
+TEST_F(CardWindowTest, TheMenuDoesNotOfferTheKeyboardWhereItIsAlready) {
+    window->takeFocus();
+    QCoreApplication::processEvents();
+    window->openMenu(QPoint(40, 40));
+    EXPECT_EQ(menu()->actions().front()->text(), QStringLiteral("Reload"));
+}
+
 TEST_F(CardWindowTest, TheKeyboardComesToTheFirstStopAndEscapeGivesItBack) {
     window->takeFocus();
     EXPECT_TRUE(window->hasTakenFocus());

@@ -15,10 +15,10 @@ struct WidgetMenuTest : ::testing::Test {
     std::vector<WidgetFamily> families;
     std::vector<MenuCommand> commands;
 
-    void fill(const FamilyChoice& choice) {
+    void fill(const FamilyChoice& choice, KeyboardUse use = KeyboardUse::none) {
         const MenuActions actions{.family = [this](WidgetFamily family) { families.push_back(family); },
                                   .command = [this](MenuCommand command) { commands.push_back(command); }};
-        fillWidgetMenu(menu, choice, actions, formats);
+        fillWidgetMenu(menu, choice, use, actions, formats);
     }
 
     std::vector<std::string> texts() const {
@@ -43,6 +43,11 @@ TEST_F(WidgetMenuTest, OffersTheSizesAndMarksTheCurrentOne) {
 TEST_F(WidgetMenuTest, HasNoSizesWhereThereIsNoChoice) {
     fill({{WidgetFamily::systemSmall}, WidgetFamily::systemSmall});
     EXPECT_EQ(texts().front(), "Use with the keyboard");
+}
+
+TEST_F(WidgetMenuTest, DoesNotOfferTheKeyboardToWhoHasIt) {
+    fill({}, KeyboardUse::now);
+    EXPECT_THAT(texts(), ElementsAre("Reload", "Remove", "-", "Add widgets…", "About", "Quit"));
 }
 
 TEST_F(WidgetMenuTest, EveryEntryAsksForItsOwnCommand) {

@@ -1,0 +1,104 @@
+"""What happens while the widgets stand there: other data, other times, and floods of either."""
+import socket
+import time
+
+from cards import FIRST_ROW, FOCUS, MAC_EPOCH, NEXT_UP, TITLE, TRIAGE
+from desktop import Failed, OwnZone, expect, wait_for
+from screen_reader import ScreenReader
+from session_bus import SettingsPortal
+
+
+def a_reload_over_the_bus_shows_the_new_snapshot(desktop):
+    snapshot = desktop.placeholder()
+    desktop.write_snapshot(snapshot)
+    desktop.start_widgets()
+    before = desktop.picture(*desktop.card(TRIAGE))
+    snapshot["triageCount"] = 0
+    desktop.write_snapshot(snapshot)
+    expect(desktop.picture(*desktop.card(TRIAGE)) == before, "the card changed without being asked")
+    desktop.run(desktop.vantelctl, "reload")
+    wait_for(lambda: desktop.picture(*desktop.card(TRIAGE)) != before, "another triage card")
+
+
+def a_meeting_that_starts_is_shown_at_once(desktop):
+    snapshot = desktop.placeholder()
+    desktop.write_snapshot(snapshot)
+    desktop.start_widgets()
+    left, top, _, _ = desktop.card(NEXT_UP)
+
+    def is_dark():
+        return desktop.picture(left + 85, top + 160, 1, 1) == bytes([0x1B, 0x1A, 0x17])
+    expect(not is_dark(), "the card is dark long before a meeting")
+    start = time.time() - MAC_EPOCH + 8
+    snapshot["events"] = [{"id": "e", "title": "Review", "start": start, "end": start + 600,
+                           "linkedOpenTaskCount": 0, "calendarColorHex": "#336699"}]
+    desktop.write_snapshot(snapshot)
+    desktop.run(desktop.vantelctl, "reload")
+    wait_for(is_dark, "the dark card of a meeting that is about to start")
+    wait_for(lambda: not is_dark(), "the light card of a running meeting")
+    late = time.time() - MAC_EPOCH - start
+    expect(late >= 0, f"it came {-late} seconds too early")
+
+
+def zone_where(moment, hour):
+    """A zone without summer time whose clocks show that hour at a moment."""
+    ahead = (hour - time.gmtime(moment).tm_hour + 11) % 24 - 11
+    return f"Etc/GMT{-ahead:+d}" if ahead else "Etc/GMT"
+
+
+def another_zone_is_shown_at_once(desktop):
+    zone = OwnZone(desktop)
+    snapshot = desktop.placeholder()
+    start = time.time() + 1800
+    snapshot["events"] = [{"id": "e", "title": "Review", "start": start - MAC_EPOCH, "end": start - MAC_EPOCH + 600,
+                           "linkedOpenTaskCount": 0}]
+    desktop.write_snapshot(snapshot)
+    reader = ScreenReader(desktop)
+    zone.move_to(zone_where(start, 12))
+    desktop.start_widgets(*zone.launcher)
+    expect(any(each.name.startswith("NEXT · 12:") for each in reader.card("Next up")), f"{reader.card('Next up')}")
+    zone.move_to(zone_where(start, 13))
+    wait_for(lambda: any(each.name.startswith("NEXT · 1:") for each in reader.card("Next up")), "the hour there")
+
+
+def titles_cause_no_request(desktop):
+    with socket.create_server(("127.0.0.1", 0)) as listener:
+        listener.settimeout(3)
+        image = f'<img src="http://127.0.0.1:{listener.getsockname()[1]}/x">'
+        snapshot = desktop.placeholder()
+        for record in snapshot["tasks"] + snapshot["events"] + snapshot["horizon"]:
+            for key in ("summary", "title", "location", "subject", "label"):
+                if key in record:
+                    record[key] = image
+        desktop.write_snapshot(snapshot)
+        process = desktop.start_widgets()
+        left, top, _, _ = desktop.card(FOCUS)
+        desktop.move(left + TITLE, top + FIRST_ROW)
+        try:
+            listener.accept()
+        except TimeoutError:
+            expect(process.poll() is None, "the program ended")
+            return
+        raise Failed("somebody asked for the image of a title")
+
+
+def floods_of_reloads_and_themes_leave_the_memory_flat(desktop):
+    portal = SettingsPortal(desktop)
+    desktop.write_snapshot(desktop.placeholder())
+    process = desktop.start_widgets()
+
+    def flood(reloads, themes):
+        for _ in range(reloads):
+            desktop.ask("ReloadAllTimelines")
+            if desktop.is_long:
+                time.sleep(0.1)  # those that come faster are one
+        for number in range(themes):
+            portal.darken(number % 2 == 0)
+            desktop.ask("CurrentConfigurations")
+        desktop.wait_until_still()
+        return desktop.memory(process)
+    before = flood(500, 50)
+    reloads, themes = (10000, 1000) if desktop.is_long else (2000, 200)
+    after = flood(reloads, themes)
+    desktop.figure(f"{reloads} reloads and {themes} changes of the theme: {before} bytes became {after}")
+    expect(after - before < 6_000_000, f"{before} bytes became {after}")
