@@ -6,7 +6,9 @@
 #include <cstdint>
 #include <filesystem>
 #include <span>
+#include <string>
 #include <string_view>
+#include <vector>
 
 namespace vantel {
 
@@ -43,6 +45,9 @@ public:
     /// Makes the directory and its missing parents, each private to the user (0700), and syncs the names of
     /// the new ones as far as the file system can. An existing one is fine.
     virtual Result<void> createDirectories(const FileURL& directory) = 0;
+
+    /// The names in the directory, without "." and "..", in any order.
+    virtual Result<std::vector<std::string>> names(const FileURL& directory) = 0;
     virtual Result<Descriptor> open(const FileURL& file, OpenMode mode) = 0;
     virtual Result<void> close(Descriptor descriptor) = 0;
 

@@ -102,6 +102,17 @@ public:
         return std::unexpected(SystemError{"mkdir", directory.string(), number});
     }
 
+    Result<std::vector<std::string>> names(const FileURL& directory) override {
+        std::vector<std::string> result;
+        std::error_code error;
+        for (std::filesystem::directory_iterator entry(directory, error), end; !error && entry != end;
+             entry.increment(error))
+            result.push_back(entry->path().filename());
+        if (error)
+            return std::unexpected(SystemError{"readdir", directory.string(), error.value()});
+        return result;
+    }
+
     Result<Descriptor> open(const FileURL& file, OpenMode mode) override {
         const int descriptor = ::open(file.c_str(), flagsFor(mode), sharedFile);
         if (descriptor < 0)

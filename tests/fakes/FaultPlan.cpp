@@ -7,6 +7,7 @@ namespace vantel::testing {
 
 const char* name(FileOperation operation) {
     constexpr std::array names = {"createDirectories",
+                                  "names",
                                   "open",
                                   "close",
                                   "lock",

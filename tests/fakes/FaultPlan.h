@@ -10,6 +10,7 @@ namespace vantel::testing {
 /// The operations of FileSystem.
 enum class FileOperation {
     createDirectories,
+    names,
     open,
     close,
     lock,

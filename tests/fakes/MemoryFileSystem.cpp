@@ -85,6 +85,14 @@ Result<std::optional<MemoryDisk::FileNumber>> MemoryFileSystem::resolve(const Fi
     return m_disk.create(file, sharedFile);
 }
 
+Result<std::vector<std::string>> MemoryFileSystem::names(const FileURL& directory) {
+    if (const auto entered = enter(FileOperation::names, directory); !entered)
+        return std::unexpected(entered.error());
+    if (!m_disk.hasFolder(directory))
+        return refusal(FileOperation::names, directory, ENOENT);
+    return m_disk.names(directory);
+}
+
 Result<FileSystem::Descriptor> MemoryFileSystem::open(const FileURL& file, OpenMode mode) {
     if (const auto entered = enter(FileOperation::open, file); !entered)
         return std::unexpected(entered.error());

@@ -24,6 +24,7 @@ public:
     bool isAnyLockHeld() const;
 
     Result<void> createDirectories(const FileURL& directory) override;
+    Result<std::vector<std::string>> names(const FileURL& directory) override;
     Result<Descriptor> open(const FileURL& file, OpenMode mode) override;
     Result<void> close(Descriptor descriptor) override;
     Result<void> lock(Descriptor descriptor) override;

@@ -34,6 +34,9 @@ public:
     Result<void> createDirectories(const FileURL& directory) override {
         return m_files.createDirectories(directory);
     }
+    Result<std::vector<std::string>> names(const FileURL& directory) override {
+        return m_files.names(directory);
+    }
     Result<Descriptor> open(const FileURL& path, OpenMode mode) override {
         if (mode == OpenMode::writeNew) {
             writer = std::this_thread::get_id();
