@@ -43,6 +43,12 @@ Result<Opened> readFinished(const LockedJournal& journal, const Plan& copied) {
     return Opened{std::move(wanted.contents), std::move(finished)};
 }
 
+/// For a disk that refuses to put the old lines back now.
+Result<void> planToRestore(const LockedJournal& journal, std::string_view before, Result<void> failed) {
+    std::ignore = RedoCopy::make({std::string(before), {}}, journal.file, journal.files);
+    return failed;
+}
+
 } // namespace
 
 Result<void> writeAndSync(FileHandle& handle, std::string_view bytes) {
@@ -77,15 +83,13 @@ Result<std::string> readJournal(const LockedJournal& journal) {
 
 Result<void> rewriteJournal(const LockedJournal& journal, const Plan& plan, std::string_view before) {
     const bool needsCopy = !plan.contents.empty();
-    if (needsCopy) {
-        if (auto begun = RedoCopy::make(plan, journal.file, journal.files); !begun) {
-            std::ignore = RedoCopy::remove(journal.file, journal.files);
-            return begun;
-        }
+    auto done = needsCopy ? RedoCopy::make(plan, journal.file, journal.files) : Result<void>();
+    if (done) {
+        done = overwrite(journal.handle, plan.contents);
+        if (!done && !overwrite(journal.handle, before))
+            return planToRestore(journal, before, done);
     }
-    const auto done = overwrite(journal.handle, plan.contents);
-    const bool isSettled = done || overwrite(journal.handle, before);
-    if (needsCopy && isSettled)
+    if (needsCopy)
         std::ignore = RedoCopy::remove(journal.file, journal.files);
     return done;
 }

@@ -38,10 +38,13 @@ Result<void> appendLine(const LockedJournal& journal, const std::string& line) {
     return written;
 }
 
-Result<void> makeEmpty(FileHandle& handle) {
-    if (auto truncated = handle.truncate(0); !truncated)
+/// What cannot be read could not be put back either: it goes without that.
+Result<void> makeEmpty(const LockedJournal& journal) {
+    if (const auto before = journal.handle.readToEnd())
+        return rewriteJournal(journal, {}, *before);
+    if (auto truncated = journal.handle.truncate(0); !truncated)
         return truncated;
-    return handle.synchronizeData();
+    return journal.handle.synchronizeData();
 }
 
 Result<void> rewriteWithout(const std::set<Uuid>& ids, const LockedJournal& journal) {
@@ -103,8 +106,9 @@ Result<void> removeAll(FileSystem& files) {
     if (!journal)
         return std::unexpected(fileWriteUnknown());
     const auto emptying = [&](FileHandle& handle) {
-        const auto finished = finishRewrite({handle, *journal, files});
-        return finished ? makeEmpty(handle) : finished;
+        const LockedJournal locked{handle, *journal, files};
+        const auto finished = finishRewrite(locked);
+        return finished ? makeEmpty(locked) : finished;
     };
     return withLockedFile(*journal, emptying, files);
 }

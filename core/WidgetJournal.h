@@ -22,11 +22,12 @@ Result<void> append(const WidgetJournalEntry& entry, FileSystem& files = systemF
 Result<std::vector<WidgetJournalEntry>> pending(FileSystem& files = systemFileSystem());
 
 /// Rewrites the file, in place, without the entries of those ids. No crash loses an entry of another id. A
-/// failure puts every line back, or, where the disk refuses them then, leaves the rewrite to the next
-/// operation. Without ids, or without a container, nothing happens.
+/// failure puts every line back, or has the next operation do so; on a disk that takes nothing any more, the
+/// next operation may finish the removal instead. Without ids, or without a container, nothing happens.
 Result<void> remove(const std::set<Uuid>& ids, FileSystem& files = systemFileSystem());
 
-/// Empties the file. When only the sync fails, the file is empty but a power cut may bring the lines back.
+/// Empties the file. A failure puts every line back, as that of `remove` does. What is too long to be read,
+/// or cannot be, is emptied all the same.
 Result<void> removeAll(FileSystem& files = systemFileSystem());
 
 } // namespace vantel::WidgetJournal

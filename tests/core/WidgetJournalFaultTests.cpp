@@ -188,16 +188,29 @@ TEST_F(JournalFaults, RemovingUnderWhichEverythingFailsFromACallOnLosesNoOtherEn
                  });
 }
 
-/// A sync that fails after the truncation is reported, though the file is empty: asking again mends it.
-TEST_F(JournalFaults, RemovingAllThatFailsLeavesEveryByteOrNone) {
+TEST_F(JournalFaults, RemovingAllThatFailsOnceLeavesEveryByteAsItWas) {
     const std::string before = sampleLine(1) + "torn";
-    for (const Lasting lasting : {Lasting::once, Lasting::fromThenOn})
-        failEachCall(diskWith(before), EIO, lasting, removeAll,
-                     [&](const MemoryFileSystem& files, bool succeeded) {
-                         const bool truncated =
-                             std::ranges::count(files.faults().calls(), FileOperation::syncData) > 0;
-                         EXPECT_EQ(contents(files), succeeded || truncated ? "" : before);
-                     });
+    failEachCall(diskWith(before), EIO, Lasting::once, removeAll,
+                 [&](const MemoryFileSystem& files, bool succeeded) {
+                     EXPECT_EQ(contents(files), succeeded ? "" : before);
+                 });
+}
+
+TEST_F(JournalFaults, RemovingAllUnderWhichEverythingFailsFromACallOnLeavesAllEntriesOrNone) {
+    failEachCall(diskWith(sampleLine(1) + sampleLine(2)), EIO, Lasting::fromThenOn, removeAll,
+                 [&](const MemoryFileSystem& files, bool succeeded) {
+                     const Entries found = pending(files.disk());
+                     EXPECT_TRUE(found.empty() || (found.size() == 2 && !succeeded));
+                 });
+}
+
+TEST_F(JournalFaults, RemovingAllOfWhatCannotBeReadEmptiesItAllTheSame) {
+    for (const FileOperation operation : {FileOperation::read, FileOperation::status}) {
+        MemoryFileSystem files(diskWith(sampleLine(1)));
+        files.faults().fail(operation, operation == FileOperation::read ? 1 : 2, EIO, Lasting::fromThenOn);
+        EXPECT_TRUE(removeAll(files));
+        EXPECT_EQ(contents(files), "");
+    }
 }
 
 TEST_F(JournalFaults, ReadingThatFailsReportsItAndChangesNothing) {
