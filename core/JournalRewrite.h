@@ -24,8 +24,8 @@ Result<std::string> readJournal(const LockedJournal& journal);
 
 /// Rewrites the journal in place: truncates, seeks, writes, behind a redo copy. A crash anywhere leaves the
 /// lines `before`, the new ones, or the copy from which the next operation finishes. A failure puts the lines
-/// `before` back, byte for byte; where the disk refuses that, a copy of them is left to the next operation, and
-/// only where it refuses that too, the copy of the new ones.
+/// `before` back, byte for byte; where the disk refuses that, a copy of them is left to the next operation,
+/// and only where it refuses that too, the copy of the new ones.
 Result<void> rewriteJournal(const LockedJournal& journal, const RedoCopy::Plan& plan,
                             std::string_view before);
 

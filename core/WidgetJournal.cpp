@@ -5,6 +5,8 @@
 #include "core/WidgetShared.h"
 #include "platform/DataFile.h"
 
+#include <cerrno>
+
 namespace vantel::WidgetJournal {
 
 using WidgetShared::journalURL;
@@ -26,6 +28,8 @@ Result<void> appendLine(const LockedJournal& journal, const std::string& line) {
     const auto length = journal.handle.seekToEnd();
     if (!length)
         return std::unexpected(length.error());
+    if (*length + line.size() > FileHandle::longestRead) // What cannot be read again is no entry.
+        return std::unexpected(SystemError{"write", journal.file.string(), EFBIG});
     if (*length == 0) // The file may be new: no line without a durable name.
         if (auto named = syncDirectory(journal.file.parent_path(), journal.files); !named)
             return named;

@@ -28,7 +28,8 @@ struct FileStatus {
 
 /// How a file is opened.
 enum class OpenMode {
-    lock,     ///< read and write, created with 0644 less the umask, never truncated, kept across exec
+    lock,     ///< read and write, created with 0644 less the umask, never truncated; closed on exec by a
+              ///< second call, since the flags of the first are part of the protocol
     read,     ///< read only, never blocks on a FIFO, closed on exec
     writeNew, ///< write only, fails when the name is taken or is a link, 0644 less the umask, closed on exec
     readDirectory ///< a directory, to be synced
@@ -58,6 +59,9 @@ public:
     /// Follows links. Fails with ENOENT when there is nothing.
     virtual Result<FileStatus> status(const FileURL& file) = 0;
     virtual Result<FileStatus> status(Descriptor descriptor) = 0;
+
+    /// Whether the name, through links, leads to the open file. False when there is nothing of that name.
+    virtual Result<bool> isNamed(Descriptor descriptor, const FileURL& file) = 0;
 
     /// May read or write less than asked; a read of zero bytes is the end.
     virtual Result<std::size_t> read(Descriptor descriptor, std::span<char> buffer) = 0;

@@ -117,6 +117,9 @@ public:
         const int descriptor = ::open(file.c_str(), flagsFor(mode), sharedFile);
         if (descriptor < 0)
             return std::unexpected(failure("open", file));
+        if (mode == OpenMode::lock)
+            ::fcntl(descriptor, F_SETFD,
+                    FD_CLOEXEC); // No child may keep the lock of a process that is killed.
         return descriptor;
     }
 
@@ -144,6 +147,18 @@ public:
         if (::fstat(descriptor, &status) != 0)
             return std::unexpected(failure("fstat", descriptor));
         return statusFrom(status);
+    }
+
+    Result<bool> isNamed(Descriptor descriptor, const FileURL& file) override {
+        struct stat opened{};
+        struct stat named{};
+        if (::fstat(descriptor, &opened) != 0)
+            return std::unexpected(failure("fstat", descriptor));
+        if (::stat(file.c_str(), &named) == 0)
+            return opened.st_dev == named.st_dev && opened.st_ino == named.st_ino;
+        if (errno == ENOENT)
+            return false;
+        return std::unexpected(failure("stat", file));
     }
 
     Result<std::size_t> read(Descriptor descriptor, std::span<char> buffer) override {

@@ -65,9 +65,9 @@ TEST_F(Journal, ALineGoesOutInOneWriteUnderTheLockAndIsSynced) {
     plant(sampleLine(1));
     ASSERT_TRUE(WidgetJournal::append(sampleEntry(2), files));
     EXPECT_THAT(calls(), ElementsAre(FileOperation::createDirectories, FileOperation::open,
-                                     FileOperation::lock, FileOperation::status, FileOperation::seekToEnd,
-                                     FileOperation::readAt, FileOperation::write, FileOperation::syncData,
-                                     FileOperation::unlock, FileOperation::close));
+                                     FileOperation::lock, FileOperation::isNamed, FileOperation::status,
+                                     FileOperation::seekToEnd, FileOperation::readAt, FileOperation::write,
+                                     FileOperation::syncData, FileOperation::unlock, FileOperation::close));
 }
 
 TEST_F(Journal, AnEntryThatCannotBeEncodedTouchesNothing) {
@@ -201,7 +201,7 @@ TEST_F(Journal, RewritingAddsTheMissingAccountAndTheMissingLineFeed) {
 TEST_F(Journal, RemovingHoldsTheLockFromItsReadingToTheEndOfTheRedoCopy) {
     plant(sampleLine(1));
     ASSERT_TRUE(WidgetJournal::remove({sampleUuid(2)}, files));
-    const std::vector<FileOperation> taken(calls().begin() + 3, calls().end() - 2);
+    const std::vector<FileOperation> taken(calls().begin() + 4, calls().end() - 2);
     EXPECT_THAT(taken, ElementsAre(FileOperation::status, FileOperation::status, FileOperation::read,
                                    FileOperation::read, FileOperation::names, FileOperation::open,
                                    FileOperation::status, FileOperation::changeMode, FileOperation::write,
@@ -217,11 +217,11 @@ TEST_F(Journal, RemovingHoldsTheLockFromItsReadingToTheEndOfTheRedoCopy) {
 TEST_F(Journal, RemovingEveryEntryNeedsNoRedoCopy) {
     plant(sampleLine(1));
     ASSERT_TRUE(WidgetJournal::remove({sampleUuid(1)}, files));
-    EXPECT_THAT(calls(),
-                ElementsAre(FileOperation::createDirectories, FileOperation::open, FileOperation::lock,
-                            FileOperation::status, FileOperation::status, FileOperation::read,
-                            FileOperation::read, FileOperation::truncate, FileOperation::seek,
-                            FileOperation::syncData, FileOperation::unlock, FileOperation::close));
+    EXPECT_THAT(calls(), ElementsAre(FileOperation::createDirectories, FileOperation::open,
+                                     FileOperation::lock, FileOperation::isNamed, FileOperation::status,
+                                     FileOperation::status, FileOperation::read, FileOperation::read,
+                                     FileOperation::truncate, FileOperation::seek, FileOperation::syncData,
+                                     FileOperation::unlock, FileOperation::close));
 }
 
 TEST_F(Journal, RemovingAllLeavesAnEmptyFile) {

@@ -13,6 +13,7 @@ const char* name(FileOperation operation) {
                                   "lock",
                                   "unlock",
                                   "status",
+                                  "isNamed",
                                   "read",
                                   "readAt",
                                   "write",

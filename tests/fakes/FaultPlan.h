@@ -16,6 +16,7 @@ enum class FileOperation {
     lock,
     unlock,
     status,
+    isNamed,
     read,
     readAt,
     write,

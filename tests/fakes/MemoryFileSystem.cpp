@@ -152,6 +152,13 @@ Result<FileStatus> MemoryFileSystem::status(Descriptor descriptor) {
     return FileStatus{FileStatus::Kind::regular, mode, bytes.current.size()};
 }
 
+Result<bool> MemoryFileSystem::isNamed(Descriptor descriptor, const FileURL& file) {
+    const auto used = use(FileOperation::isNamed, descriptor);
+    if (!used)
+        return std::unexpected(used.error());
+    return used->open.number == m_disk.find(file);
+}
+
 Result<std::size_t> MemoryFileSystem::read(Descriptor descriptor, std::span<char> buffer) {
     const auto used = useFile(FileOperation::read, descriptor);
     if (!used)

@@ -31,6 +31,7 @@ public:
     Result<void> unlock(Descriptor descriptor) override;
     Result<FileStatus> status(const FileURL& file) override;
     Result<FileStatus> status(Descriptor descriptor) override;
+    Result<bool> isNamed(Descriptor descriptor, const FileURL& file) override;
     Result<std::size_t> read(Descriptor descriptor, std::span<char> buffer) override;
     Result<std::size_t> readAt(Descriptor descriptor, std::uint64_t offset, std::span<char> buffer) override;
     Result<std::size_t> write(Descriptor descriptor, std::string_view bytes) override;

@@ -5,6 +5,7 @@
 #include "tests/torture/program/Report.h"
 #include "tests/torture/program/SystemCalls.h"
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <csignal>
@@ -64,6 +65,15 @@ Fate pass(std::size_t, const SystemCall&) {
     return {};
 }
 
+bool startsProcess(const SystemCall& call) {
+    constexpr std::array starting = {SYS_clone, SYS_clone3, SYS_execve, SYS_execveat};
+#ifdef SYS_fork
+    if (call.number == SYS_fork || call.number == SYS_vfork)
+        return true;
+#endif
+    return std::ranges::find(starting, call.number) != starting.end();
+}
+
 /// What an operation does when nothing disturbs it.
 struct Clean {
     std::vector<SystemCall> calls;
@@ -77,6 +87,8 @@ Clean runCleanly(const Operation& operation, Report& report) {
     const Watched run = watched(operation, pass);
     report.expect(run.status == 0 && told().outcome == Outcome::happened,
                   operation.name + " fails by itself");
+    report.expect(std::ranges::none_of(run.calls, startsProcess),
+                  operation.name + " starts a process, which would keep its lock");
     return {run.calls, before, look()};
 }
 

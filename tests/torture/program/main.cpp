@@ -1,5 +1,6 @@
 #include "tests/fakes/ScratchFolder.h"
 #include "tests/torture/program/Crowd.h"
+#include "tests/torture/program/Disks.h"
 #include "tests/torture/program/EachCall.h"
 
 #include <iostream>
@@ -22,9 +23,11 @@ int run(const std::string& what, const std::string& count) {
         return killAtEachCall();
     if (what == "random-kills")
         return killAtRandom(std::stoi(count));
+    if (what == "disks")
+        return useBadDisks();
     if (what == "load")
         return load(std::stol(count));
-    std::cerr << "vantel_torture faults [full]|kills|random-kills COUNT|load COUNT\n";
+    std::cerr << "vantel_torture faults [full]|kills|random-kills COUNT|load COUNT|disks\n";
     return 2;
 }
 
