@@ -6,6 +6,7 @@
 #include "platform/MessageCatalogue.h"
 #include "platform/VisibleText.h"
 
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
@@ -58,6 +59,7 @@ int run(const Invocation& invocation) {
 }
 
 int main(int count, const char* const* words) {
+    std::signal(SIGXFSZ, SIG_IGN); // A file that may not grow is an error to report, not the end.
     useMessageCatalogue();
     const auto invocation = parseCommandLine(count, words);
     if (invocation)

@@ -1,7 +1,11 @@
 #include "core/WidgetJournal.h"
 
+#include "core/JournalLines.h"
+#include "core/JournalRewrite.h"
 #include "core/WidgetShared.h"
 #include "platform/DataFile.h"
+
+#include <cerrno>
 
 namespace vantel::WidgetJournal {
 
@@ -9,32 +13,6 @@ using WidgetShared::journalURL;
 using WidgetShared::withLockedFile;
 
 namespace {
-
-std::vector<WidgetJournalEntry> decode(std::string_view bytes) {
-    std::vector<WidgetJournalEntry> entries;
-    while (!bytes.empty()) {
-        const std::string_view line = bytes.substr(0, bytes.find('\n'));
-        bytes.remove_prefix(std::min(line.size() + 1, bytes.size()));
-        if (line.empty())
-            continue;
-        if (auto entry = decodeJournalEntry(line))
-            entries.push_back(std::move(*entry));
-    }
-    return entries;
-}
-
-Result<std::string> encodeWithout(const std::set<Uuid>& ids, const std::vector<WidgetJournalEntry>& entries) {
-    std::string contents;
-    for (const WidgetJournalEntry& entry : entries) {
-        if (ids.contains(entry.id))
-            continue;
-        const auto line = encodeJournalEntry(entry);
-        if (!line)
-            return std::unexpected(line.error());
-        contents += *line + '\n';
-    }
-    return contents;
-}
 
 /// A torn last line has no line feed; one before the new line keeps the two from gluing together.
 Result<bool> endsTorn(FileHandle& handle, std::uint64_t length) {
@@ -46,47 +24,48 @@ Result<bool> endsTorn(FileHandle& handle, std::uint64_t length) {
     return *last != '\n';
 }
 
-Result<void> writeAndSync(FileHandle& handle, std::string_view bytes) {
-    if (auto written = handle.write(bytes); !written)
-        return written;
-    return handle.synchronizeData();
-}
-
-Result<void> appendLine(FileHandle& handle, const FileURL& journal, const std::string& line,
-                        FileSystem& files) {
-    const auto length = handle.seekToEnd();
+Result<void> appendLine(const LockedJournal& journal, const std::string& line) {
+    const auto length = journal.handle.seekToEnd();
     if (!length)
         return std::unexpected(length.error());
-    if (*length == 0)
-        syncDirectory(journal.parent_path(), files); // The file may be new: no line without a durable name.
-    const auto torn = endsTorn(handle, *length);
+    if (*length + line.size() > FileHandle::longestRead) // What cannot be read again is no entry.
+        return std::unexpected(SystemError{"write", journal.file.string(), EFBIG});
+    if (*length == 0) // The file may be new: no line without a durable name.
+        if (auto named = syncDirectory(journal.file.parent_path(), journal.files); !named)
+            return named;
+    const auto torn = endsTorn(journal.handle, *length);
     if (!torn)
         return std::unexpected(torn.error());
-    const auto written = writeAndSync(handle, *torn ? '\n' + line : line);
+    const auto written = writeAndSync(journal.handle, *torn ? '\n' + line : line);
     if (!written)
-        std::ignore = handle.truncate(*length);
+        std::ignore = journal.handle.truncate(*length);
     return written;
 }
 
-Result<void> overwrite(FileHandle& handle, std::string_view contents) {
-    if (auto truncated = handle.truncate(0); !truncated)
+/// What cannot be read could not be put back either: it goes without that.
+Result<void> makeEmpty(const LockedJournal& journal) {
+    if (const auto before = journal.handle.readToEnd())
+        return rewriteJournal(journal, {}, *before);
+    if (auto truncated = journal.handle.truncate(0); !truncated)
         return truncated;
-    if (auto sought = handle.seek(0); !sought)
-        return sought;
-    return writeAndSync(handle, contents);
+    return journal.handle.synchronizeData();
 }
 
-Result<void> rewriteWithout(const std::set<Uuid>& ids, FileHandle& handle) {
-    const auto bytes = handle.readToEnd();
+Result<void> rewriteWithout(const std::set<Uuid>& ids, const LockedJournal& journal) {
+    if (auto finished = finishRewrite(journal); !finished)
+        return finished;
+    const auto bytes = journal.handle.readToEnd();
     if (!bytes)
         return std::unexpected(bytes.error());
-    const auto contents = encodeWithout(ids, decode(*bytes));
+    const auto entries = decodeJournal(*bytes);
+    auto contents = encodeJournal(entries, ids);
     if (!contents)
         return std::unexpected(contents.error());
-    const auto done = overwrite(handle, *contents);
-    if (!done)
-        std::ignore = overwrite(handle, *bytes);
-    return done;
+    RedoCopy::Plan plan{std::move(*contents), {}};
+    for (const WidgetJournalEntry& entry : entries)
+        if (ids.contains(entry.id))
+            plan.removed.insert(entry.id);
+    return rewriteJournal(journal, plan, *bytes);
 }
 
 } // namespace
@@ -99,7 +78,11 @@ Result<void> append(const WidgetJournalEntry& entry, FileSystem& files) {
     if (!encoded)
         return std::unexpected(encoded.error());
     const std::string line = *encoded + '\n';
-    const auto appending = [&](FileHandle& handle) { return appendLine(handle, *journal, line, files); };
+    const auto appending = [&](FileHandle& handle) {
+        const LockedJournal locked{handle, *journal, files};
+        const auto finished = finishRewrite(locked);
+        return finished ? appendLine(locked, line) : finished;
+    };
     return withLockedFile(*journal, appending, files);
 }
 
@@ -107,27 +90,29 @@ Result<std::vector<WidgetJournalEntry>> pending(FileSystem& files) {
     const auto journal = journalURL();
     if (!journal)
         return std::unexpected(fileReadUnknown());
-    const auto bytes = withLockedFile(*journal, [](FileHandle& handle) { return handle.readToEnd(); }, files);
+    const auto reading = [&](FileHandle& handle) { return readJournal({handle, *journal, files}); };
+    const auto bytes = withLockedFile(*journal, reading, files);
     if (!bytes)
         return std::unexpected(bytes.error());
-    return decode(*bytes);
+    return decodeJournal(*bytes);
 }
 
 Result<void> remove(const std::set<Uuid>& ids, FileSystem& files) {
     const auto journal = journalURL();
     if (!journal || ids.empty())
         return {};
-    return withLockedFile(*journal, [&](FileHandle& handle) { return rewriteWithout(ids, handle); }, files);
+    const auto removing = [&](FileHandle& handle) { return rewriteWithout(ids, {handle, *journal, files}); };
+    return withLockedFile(*journal, removing, files);
 }
 
 Result<void> removeAll(FileSystem& files) {
     const auto journal = journalURL();
     if (!journal)
         return std::unexpected(fileWriteUnknown());
-    const auto emptying = [](FileHandle& handle) -> Result<void> {
-        if (auto truncated = handle.truncate(0); !truncated)
-            return truncated;
-        return handle.synchronizeData();
+    const auto emptying = [&](FileHandle& handle) {
+        const LockedJournal locked{handle, *journal, files};
+        const auto finished = finishRewrite(locked);
+        return finished ? makeEmpty(locked) : finished;
     };
     return withLockedFile(*journal, emptying, files);
 }

@@ -69,6 +69,7 @@ Result<void> WidgetSnapshotStore::writeUnlocked(const WidgetSnapshot& snapshot, 
     const auto bytes = encodeSnapshot(snapshot);
     if (!bytes)
         return std::unexpected(bytes.error());
+    sweepTemporaries(snapshotURL, files);
     return writeFileAtomically(snapshotURL, *bytes, files);
 }
 
@@ -80,7 +81,7 @@ Result<void> WidgetSnapshotStore::removeUnlocked(FileSystem& files) const {
         return {};
     if (auto removed = files.remove(snapshotURL); !removed)
         return removed;
-    syncDirectory(snapshotURL.parent_path(), files);
+    std::ignore = syncDirectory(snapshotURL.parent_path(), files);
     return {};
 }
 

@@ -12,6 +12,7 @@
 
 #include <QApplication>
 #include <QLocale>
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
@@ -65,6 +66,7 @@ int perform(const Options& options, const Formats& formats) {
 }
 
 int main(int count, char** words) {
+    std::signal(SIGXFSZ, SIG_IGN); // A file that may not grow is an error to report, not the end.
     useMessageCatalogue();
     const auto options = parseOptions(count, words);
     if (!options) {

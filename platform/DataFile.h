@@ -20,8 +20,18 @@ Result<std::optional<FileStatus>> statusIfPresent(const FileURL& file, FileSyste
 /// stands and no temporary is left.
 Result<void> writeFileAtomically(const FileURL& file, std::string_view bytes, FileSystem& files);
 
-/// Makes the names in a folder survive a power cut. Best effort: some file systems cannot sync a folder,
-/// and what the caller did has already happened.
-void syncDirectory(const FileURL& directory, FileSystem& files);
+/// As writeFileAtomically, but the new file has the mode of `like`, and success means that its name, too,
+/// would survive a power cut. After a failure to make the name durable, the new file stands.
+Result<void> writeFileDurably(const FileURL& file, std::string_view bytes, const FileURL& like,
+                              FileSystem& files);
+
+/// Removes what killed processes have left of replacing the file, as far as it can. Only for who holds a lock
+/// under which alone the file is replaced: else it takes away what others are about to put in place, and they
+/// fail.
+void sweepTemporaries(const FileURL& file, FileSystem& files);
+
+/// Makes the names in a folder survive a power cut. A file system that cannot sync a folder at all has done
+/// what it can.
+Result<void> syncDirectory(const FileURL& directory, FileSystem& files);
 
 } // namespace vantel

@@ -13,6 +13,10 @@ bool isInterruption(const Error& error) {
 
 constexpr std::size_t smallestRead = 4096;
 
+std::unexpected<Error> tooLong() {
+    return std::unexpected<Error>(SystemError{"read", "what is longer than any file of ours", EFBIG});
+}
+
 } // namespace
 
 Result<std::string> FileHandle::readToEnd() {
@@ -21,6 +25,8 @@ Result<std::string> FileHandle::readToEnd() {
         return std::unexpected(status.error());
     if (status->kind != FileStatus::Kind::regular)
         return std::unexpected(SystemError{"read", "what is not a regular file", EINVAL});
+    if (status->size > longestRead)
+        return tooLong();
     std::string bytes;
     std::size_t length = 0;
     while (true) {
@@ -34,6 +40,8 @@ Result<std::string> FileHandle::readToEnd() {
         if (*count == 0)
             break;
         length += *count;
+        if (length > longestRead)
+            return tooLong();
     }
     bytes.resize(length);
     return bytes;

@@ -18,8 +18,11 @@ public:
     Result<std::uint64_t> seekToEnd() { return m_files.seekToEnd(m_descriptor); }
     Result<void> seek(std::uint64_t offset) { return m_files.seek(m_descriptor, offset); }
 
+    /// No more is read of any file. A day's snapshot has some kilobytes; this is what a year's would have.
+    static constexpr std::size_t longestRead = std::size_t{64} << 20U;
+
     /// Everything from the position to the end. Fails for what is not a regular file, whose end may never
-    /// come.
+    /// come, and for more than `longestRead` bytes.
     Result<std::string> readToEnd();
 
     /// The byte at `offset`, or 0 past the end. Leaves the position alone.

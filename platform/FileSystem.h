@@ -6,7 +6,9 @@
 #include <cstdint>
 #include <filesystem>
 #include <span>
+#include <string>
 #include <string_view>
+#include <vector>
 
 namespace vantel {
 
@@ -26,7 +28,8 @@ struct FileStatus {
 
 /// How a file is opened.
 enum class OpenMode {
-    lock,     ///< read and write, created with 0644 less the umask, never truncated, kept across exec
+    lock,     ///< read and write, created with 0644 less the umask, never truncated; closed on exec by a
+              ///< second call, since the flags of the first are part of the protocol
     read,     ///< read only, never blocks on a FIFO, closed on exec
     writeNew, ///< write only, fails when the name is taken or is a link, 0644 less the umask, closed on exec
     readDirectory ///< a directory, to be synced
@@ -43,6 +46,9 @@ public:
     /// Makes the directory and its missing parents, each private to the user (0700), and syncs the names of
     /// the new ones as far as the file system can. An existing one is fine.
     virtual Result<void> createDirectories(const FileURL& directory) = 0;
+
+    /// The names in the directory, without "." and "..", in any order.
+    virtual Result<std::vector<std::string>> names(const FileURL& directory) = 0;
     virtual Result<Descriptor> open(const FileURL& file, OpenMode mode) = 0;
     virtual Result<void> close(Descriptor descriptor) = 0;
 
@@ -53,6 +59,9 @@ public:
     /// Follows links. Fails with ENOENT when there is nothing.
     virtual Result<FileStatus> status(const FileURL& file) = 0;
     virtual Result<FileStatus> status(Descriptor descriptor) = 0;
+
+    /// Whether the name, through links, leads to the open file. False when there is nothing of that name.
+    virtual Result<bool> isNamed(Descriptor descriptor, const FileURL& file) = 0;
 
     /// May read or write less than asked; a read of zero bytes is the end.
     virtual Result<std::size_t> read(Descriptor descriptor, std::span<char> buffer) = 0;

@@ -7,20 +7,29 @@ namespace vantel {
 namespace {
 
 constexpr FileSystem::Descriptor none = -1;
+constexpr int mostAttempts = 100;
 
 } // namespace
 
 Result<LockedFile> LockedFile::acquire(const FileURL& file, FileSystem& files) {
-    if (auto made = files.createDirectories(file.parent_path()); !made)
-        return std::unexpected(made.error());
-    const auto descriptor = files.open(file, OpenMode::lock);
-    if (!descriptor)
-        return std::unexpected(fileWriteUnknown());
-    if (!files.lock(*descriptor)) {
-        std::ignore = files.close(*descriptor);
-        return std::unexpected(fileWriteUnknown());
+    for (int attempt = 0; attempt < mostAttempts; ++attempt) {
+        if (auto made = files.createDirectories(file.parent_path()); !made)
+            return std::unexpected(made.error());
+        const auto descriptor = files.open(file, OpenMode::lock);
+        if (!descriptor)
+            return std::unexpected(fileWriteUnknown());
+        if (!files.lock(*descriptor)) {
+            std::ignore = files.close(*descriptor);
+            return std::unexpected(fileWriteUnknown());
+        }
+        LockedFile locked(files, *descriptor);
+        const auto isNamed = files.isNamed(*descriptor, file);
+        if (!isNamed)
+            return std::unexpected(fileWriteUnknown());
+        if (*isNamed)
+            return locked;
     }
-    return LockedFile(files, *descriptor);
+    return std::unexpected(fileWriteUnknown());
 }
 
 LockedFile::LockedFile(LockedFile&& other) noexcept

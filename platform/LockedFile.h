@@ -9,8 +9,9 @@ namespace vantel {
 class LockedFile {
 public:
     /// Makes the missing folders (private to the user), opens or creates the file, and waits for the lock
-    /// without a time-out. Fails with the folder's own error, or with `fileWriteUnknown` when the file cannot
-    /// be opened or locked.
+    /// without a time-out. A file that was removed or replaced meanwhile is let go, and the one that has its
+    /// name is locked: else two processes would hold two locks of one name. Fails with the folder's own
+    /// error, or with `fileWriteUnknown` when the file cannot be opened or locked.
     static Result<LockedFile> acquire(const FileURL& file, FileSystem& files);
 
     LockedFile(LockedFile&& other) noexcept;

@@ -102,10 +102,24 @@ public:
         return std::unexpected(SystemError{"mkdir", directory.string(), number});
     }
 
+    Result<std::vector<std::string>> names(const FileURL& directory) override {
+        std::vector<std::string> result;
+        std::error_code error;
+        for (std::filesystem::directory_iterator entry(directory, error), end; !error && entry != end;
+             entry.increment(error))
+            result.push_back(entry->path().filename());
+        if (error)
+            return std::unexpected(SystemError{"readdir", directory.string(), error.value()});
+        return result;
+    }
+
     Result<Descriptor> open(const FileURL& file, OpenMode mode) override {
         const int descriptor = ::open(file.c_str(), flagsFor(mode), sharedFile);
         if (descriptor < 0)
             return std::unexpected(failure("open", file));
+        if (mode == OpenMode::lock)
+            ::fcntl(descriptor, F_SETFD,
+                    FD_CLOEXEC); // No child may keep the lock of a process that is killed.
         return descriptor;
     }
 
@@ -133,6 +147,18 @@ public:
         if (::fstat(descriptor, &status) != 0)
             return std::unexpected(failure("fstat", descriptor));
         return statusFrom(status);
+    }
+
+    Result<bool> isNamed(Descriptor descriptor, const FileURL& file) override {
+        struct stat opened{};
+        struct stat named{};
+        if (::fstat(descriptor, &opened) != 0)
+            return std::unexpected(failure("fstat", descriptor));
+        if (::stat(file.c_str(), &named) == 0)
+            return opened.st_dev == named.st_dev && opened.st_ino == named.st_ino;
+        if (errno == ENOENT)
+            return false;
+        return std::unexpected(failure("stat", file));
     }
 
     Result<std::size_t> read(Descriptor descriptor, std::span<char> buffer) override {

@@ -72,7 +72,7 @@ std::optional<Placements> PlacementStore::setAside(const Error& reason) {
     const auto aside = freeName();
     m_mayWrite = aside && m_files.rename(file, *aside);
     if (m_mayWrite)
-        syncDirectory(*m_folder, m_files);
+        std::ignore = syncDirectory(*m_folder, m_files);
     const std::string end = m_mayWrite ? "It is kept as " + aside->filename().string() + "."
                                        : "It cannot be set aside, so changes are not saved.";
     m_report("The places of the widgets cannot be read from " + file.string() + " (" + message(reason) +

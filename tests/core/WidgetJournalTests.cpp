@@ -64,10 +64,10 @@ TEST_F(Journal, TheSameEntryTwiceIsTwoLines) {
 TEST_F(Journal, ALineGoesOutInOneWriteUnderTheLockAndIsSynced) {
     plant(sampleLine(1));
     ASSERT_TRUE(WidgetJournal::append(sampleEntry(2), files));
-    EXPECT_THAT(calls(),
-                ElementsAre(FileOperation::createDirectories, FileOperation::open, FileOperation::lock,
-                            FileOperation::seekToEnd, FileOperation::readAt, FileOperation::write,
-                            FileOperation::syncData, FileOperation::unlock, FileOperation::close));
+    EXPECT_THAT(calls(), ElementsAre(FileOperation::createDirectories, FileOperation::open,
+                                     FileOperation::lock, FileOperation::isNamed, FileOperation::status,
+                                     FileOperation::seekToEnd, FileOperation::readAt, FileOperation::write,
+                                     FileOperation::syncData, FileOperation::unlock, FileOperation::close));
 }
 
 TEST_F(Journal, AnEntryThatCannotBeEncodedTouchesNothing) {
@@ -197,14 +197,31 @@ TEST_F(Journal, RewritingAddsTheMissingAccountAndTheMissingLineFeed) {
                           "\n");
 }
 
-TEST_F(Journal, RemovingHoldsTheLockFromItsReadingToItsSync) {
+/// The redo copy stands on the disk from the first sync of the folder to the second.
+TEST_F(Journal, RemovingHoldsTheLockFromItsReadingToTheEndOfTheRedoCopy) {
     plant(sampleLine(1));
     ASSERT_TRUE(WidgetJournal::remove({sampleUuid(2)}, files));
-    EXPECT_THAT(calls(),
-                ElementsAre(FileOperation::createDirectories, FileOperation::open, FileOperation::lock,
-                            FileOperation::status, FileOperation::read, FileOperation::read,
-                            FileOperation::truncate, FileOperation::seek, FileOperation::write,
-                            FileOperation::syncData, FileOperation::unlock, FileOperation::close));
+    const std::vector<FileOperation> taken(calls().begin() + 4, calls().end() - 2);
+    EXPECT_THAT(taken, ElementsAre(FileOperation::status, FileOperation::status, FileOperation::read,
+                                   FileOperation::read, FileOperation::names, FileOperation::open,
+                                   FileOperation::status, FileOperation::changeMode, FileOperation::write,
+                                   FileOperation::sync, FileOperation::close, FileOperation::rename,
+                                   FileOperation::open, FileOperation::sync, FileOperation::close,
+                                   FileOperation::truncate, FileOperation::seek, FileOperation::write,
+                                   FileOperation::syncData, FileOperation::remove, FileOperation::open,
+                                   FileOperation::sync, FileOperation::close));
+    EXPECT_EQ(calls()[2], FileOperation::lock);
+    EXPECT_EQ(calls()[calls().size() - 2], FileOperation::unlock);
+}
+
+TEST_F(Journal, RemovingEveryEntryNeedsNoRedoCopy) {
+    plant(sampleLine(1));
+    ASSERT_TRUE(WidgetJournal::remove({sampleUuid(1)}, files));
+    EXPECT_THAT(calls(), ElementsAre(FileOperation::createDirectories, FileOperation::open,
+                                     FileOperation::lock, FileOperation::isNamed, FileOperation::status,
+                                     FileOperation::status, FileOperation::read, FileOperation::read,
+                                     FileOperation::truncate, FileOperation::seek, FileOperation::syncData,
+                                     FileOperation::unlock, FileOperation::close));
 }
 
 TEST_F(Journal, RemovingAllLeavesAnEmptyFile) {
@@ -257,7 +274,8 @@ TEST_F(Journal, AFailedSeekReadTruncationOrWriteIsHandedUpUnchanged) {
     const auto pendingOf = [](FileSystem& on) { return WidgetJournal::pending(on); };
     const auto remove = [](FileSystem& on) { return WidgetJournal::remove({sampleUuid(2)}, on); };
     const auto removeAll = [](FileSystem& on) { return WidgetJournal::removeAll(on); };
-    for (const auto operation : {FileOperation::seekToEnd, FileOperation::write, FileOperation::syncData})
+    for (const auto operation :
+         {FileOperation::status, FileOperation::seekToEnd, FileOperation::write, FileOperation::syncData})
         EXPECT_EQ(errorOf(operation, append), name(operation));
     for (const auto operation : {FileOperation::status, FileOperation::read})
         EXPECT_EQ(errorOf(operation, pendingOf), name(operation));

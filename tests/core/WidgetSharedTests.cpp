@@ -119,7 +119,7 @@ TEST(WithLockedFile, RunsTheBodyUnderTheLockAndReleasesItAfterwards) {
     EXPECT_FALSE(files.isAnyDescriptorOpen());
     EXPECT_THAT(files.faults().calls(),
                 ElementsAre(FileOperation::createDirectories, FileOperation::open, FileOperation::lock,
-                            FileOperation::unlock, FileOperation::close));
+                            FileOperation::isNamed, FileOperation::unlock, FileOperation::close));
 }
 
 TEST(WithLockedFile, HandsBackWhateverTheBodyGives) {

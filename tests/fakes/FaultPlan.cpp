@@ -7,11 +7,13 @@ namespace vantel::testing {
 
 const char* name(FileOperation operation) {
     constexpr std::array names = {"createDirectories",
+                                  "names",
                                   "open",
                                   "close",
                                   "lock",
                                   "unlock",
                                   "status",
+                                  "isNamed",
                                   "read",
                                   "readAt",
                                   "write",

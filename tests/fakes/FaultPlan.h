@@ -10,11 +10,13 @@ namespace vantel::testing {
 /// The operations of FileSystem.
 enum class FileOperation {
     createDirectories,
+    names,
     open,
     close,
     lock,
     unlock,
     status,
+    isNamed,
     read,
     readAt,
     write,

@@ -85,6 +85,14 @@ Result<std::optional<MemoryDisk::FileNumber>> MemoryFileSystem::resolve(const Fi
     return m_disk.create(file, sharedFile);
 }
 
+Result<std::vector<std::string>> MemoryFileSystem::names(const FileURL& directory) {
+    if (const auto entered = enter(FileOperation::names, directory); !entered)
+        return std::unexpected(entered.error());
+    if (!m_disk.hasFolder(directory))
+        return refusal(FileOperation::names, directory, ENOENT);
+    return m_disk.names(directory);
+}
+
 Result<FileSystem::Descriptor> MemoryFileSystem::open(const FileURL& file, OpenMode mode) {
     if (const auto entered = enter(FileOperation::open, file); !entered)
         return std::unexpected(entered.error());
@@ -142,6 +150,13 @@ Result<FileStatus> MemoryFileSystem::status(Descriptor descriptor) {
         return FileStatus{FileStatus::Kind::directory, privateDirectory, 0};
     const auto& [mode, bytes] = m_disk.file(*used->open.number);
     return FileStatus{FileStatus::Kind::regular, mode, bytes.current.size()};
+}
+
+Result<bool> MemoryFileSystem::isNamed(Descriptor descriptor, const FileURL& file) {
+    const auto used = use(FileOperation::isNamed, descriptor);
+    if (!used)
+        return std::unexpected(used.error());
+    return used->open.number == m_disk.find(file);
 }
 
 Result<std::size_t> MemoryFileSystem::read(Descriptor descriptor, std::span<char> buffer) {

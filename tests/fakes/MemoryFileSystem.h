@@ -24,12 +24,14 @@ public:
     bool isAnyLockHeld() const;
 
     Result<void> createDirectories(const FileURL& directory) override;
+    Result<std::vector<std::string>> names(const FileURL& directory) override;
     Result<Descriptor> open(const FileURL& file, OpenMode mode) override;
     Result<void> close(Descriptor descriptor) override;
     Result<void> lock(Descriptor descriptor) override;
     Result<void> unlock(Descriptor descriptor) override;
     Result<FileStatus> status(const FileURL& file) override;
     Result<FileStatus> status(Descriptor descriptor) override;
+    Result<bool> isNamed(Descriptor descriptor, const FileURL& file) override;
     Result<std::size_t> read(Descriptor descriptor, std::span<char> buffer) override;
     Result<std::size_t> readAt(Descriptor descriptor, std::uint64_t offset, std::span<char> buffer) override;
     Result<std::size_t> write(Descriptor descriptor, std::string_view bytes) override;

@@ -185,12 +185,53 @@ TEST(DataFile, WhetherThereIsOneIsKnownUnlessTheSystemCannotTell) {
     }
 }
 
-TEST(DataFile, SyncingAFolderIsBestEffort) {
+TEST(DataFile, SyncingAFolderFailsUnlessTheFileSystemCannotDoSoAtAll) {
     MemoryFileSystem files(emptyDisk());
-    files.faults().fail(FileOperation::sync, 1, EINVAL, Lasting::once);
-    syncDirectory(folder, files);
-    syncDirectory("/missing", files);
+    for (const auto& [number, isFine] : {std::pair(EINVAL, true), {EIO, false}, {ENOSPC, false}}) {
+        files.faults().fail(FileOperation::sync, 1, number, Lasting::once);
+        EXPECT_EQ(syncDirectory(folder, files).has_value(), isFine) << number;
+    }
+    EXPECT_FALSE(syncDirectory("/missing", files));
     EXPECT_FALSE(files.isAnyDescriptorOpen());
+}
+
+TEST(DataFile, OneThatIsWrittenDurablyHasTheModeOfTheOtherAndANameThatSurvives) {
+    MemoryFileSystem files(emptyDisk());
+    files.disk().plant(folder / "like", "", 0600);
+    ASSERT_TRUE(writeFileDurably(file, "bytes", folder / "like", files));
+    EXPECT_EQ(files.disk().mode(file), 0600U);
+    for (const MemoryDisk& left : files.disk().afterPowerCut())
+        EXPECT_EQ(left.contents(file), "bytes");
+}
+
+TEST(DataFile, OneWhoseNameCannotBeMadeDurableIsReported) {
+    MemoryFileSystem files(emptyDisk());
+    files.faults().fail(FileOperation::sync, 2, EIO, Lasting::once);
+    EXPECT_EQ(writeFileDurably(file, "bytes", file, files).error(), Error(SystemError{"sync", folder, EIO}));
+}
+
+TEST(DataFile, SweepingTakesTheTemporariesOfThatFileAlone) {
+    MemoryFileSystem files(emptyDisk());
+    const std::string own = "." + file.filename().string() + ".";
+    const std::vector<std::string> others = {".other.1.tmp", own,   own + "1",
+                                             own + "1.tmp~", "tmp", file.filename().string() + ".1.tmp"};
+    for (const std::string& name : others)
+        files.disk().plant(folder / name, "");
+    for (const char* name : {"1.tmp", ".tmp", "E621E1F8-C36C-495A-93FC-0C247A3E6E5F.tmp"})
+        files.disk().plant(folder / (own + name), "");
+    sweepTemporaries(file, files);
+    EXPECT_THAT(files.disk().names(folder), ::testing::UnorderedElementsAreArray(others));
+}
+
+TEST(DataFile, SweepingWhatCannotBeReadOrRemovedDoesNothing) {
+    MemoryFileSystem files(emptyDisk());
+    const std::string leftover = "." + file.filename().string() + ".1.tmp";
+    files.disk().plant(folder / leftover, "");
+    files.faults().fail(FileOperation::names, 1, EIO, Lasting::once);
+    sweepTemporaries(file, files);
+    files.faults().fail(FileOperation::remove, 1, EIO, Lasting::once);
+    sweepTemporaries(file, files);
+    EXPECT_THAT(files.disk().names(folder), ::testing::ElementsAre(leftover));
 }
 
 /// On the real file system, where links, FIFOs and devices are.

@@ -36,7 +36,7 @@ TEST(LockedFile, IsMadeOpenedAndLockedThenUnlockedBeforeItIsClosed) {
     }
     EXPECT_THAT(files.faults().calls(),
                 ElementsAre(FileOperation::createDirectories, FileOperation::open, FileOperation::lock,
-                            FileOperation::unlock, FileOperation::close));
+                            FileOperation::isNamed, FileOperation::unlock, FileOperation::close));
     EXPECT_FALSE(files.isAnyDescriptorOpen());
 }
 

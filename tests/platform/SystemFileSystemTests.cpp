@@ -128,17 +128,33 @@ TEST_F(SystemFiles, ALockFileIsNeverTruncatedAndKeepsItsMode) {
     EXPECT_EQ(modeOf(file), 0600U);
 }
 
-TEST_F(SystemFiles, OnlyALockFileStaysOpenAcrossExec) {
+TEST_F(SystemFiles, NoFileStaysOpenAcrossExec) {
     const auto isClosedOnExec = [&](const FileURL& path, OpenMode mode) {
         const auto descriptor = files.open(path, mode).value();
         const int flags = ::fcntl(descriptor, F_GETFD);
         EXPECT_TRUE(files.close(descriptor));
         return (flags & FD_CLOEXEC) != 0;
     };
-    EXPECT_FALSE(isClosedOnExec(file, OpenMode::lock));
+    EXPECT_TRUE(isClosedOnExec(file, OpenMode::lock));
     EXPECT_TRUE(isClosedOnExec(file, OpenMode::read));
     EXPECT_TRUE(isClosedOnExec(folder / "new", OpenMode::writeNew));
     EXPECT_TRUE(isClosedOnExec(folder.path(), OpenMode::readDirectory));
+}
+
+TEST_F(SystemFiles, AnOpenFileIsNamedAsLongAsItsNameLeadsToIt) {
+    write(file, "");
+    write(folder / "other", "");
+    std::filesystem::create_symlink(file, folder / "link");
+    const auto descriptor = files.open(file, OpenMode::lock).value();
+    EXPECT_TRUE(files.isNamed(descriptor, file).value());
+    EXPECT_TRUE(files.isNamed(descriptor, folder / "link").value());
+    EXPECT_FALSE(files.isNamed(descriptor, folder / "other").value());
+    std::filesystem::remove(file);
+    EXPECT_FALSE(files.isNamed(descriptor, file).value());
+    write(file, "");
+    EXPECT_FALSE(files.isNamed(descriptor, file).value());
+    EXPECT_FALSE(files.isNamed(descriptor, folder / "other" / "below"));
+    EXPECT_TRUE(files.close(descriptor));
 }
 
 TEST_F(SystemFiles, ANewFileNeedsAFreeName) {

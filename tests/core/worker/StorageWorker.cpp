@@ -7,6 +7,7 @@
 #include <iostream>
 #include <string>
 
+#include <spawn.h>
 #include <unistd.h>
 
 /// The other process of the tests that need one: does one thing to the shared container, and exits with 0 if
@@ -99,6 +100,20 @@ bool hold(const FileURL& file) {
         ::pause();
 }
 
+/// The same, with a child that was started meanwhile, whose number it prints.
+bool holdWithChild(const FileURL& file) {
+    const auto locked = LockedFile::acquire(file, systemFileSystem());
+    std::string program = "/bin/sleep";
+    std::string seconds = "60";
+    char* const words[] = {program.data(), seconds.data(), nullptr};
+    pid_t child = 0;
+    if (!locked || ::posix_spawn(&child, program.c_str(), nullptr, nullptr, words, environ) != 0)
+        return false;
+    std::cout << child << std::endl;
+    while (true)
+        ::pause();
+}
+
 bool run(const std::string& command, const std::string& first, const std::string& second) {
     if (command == "identifier")
         return showIdentifier();
@@ -110,6 +125,8 @@ bool run(const std::string& command, const std::string& first, const std::string
         return complete(std::stoi(first), std::stoi(second));
     if (command == "publish")
         return publish(std::stoi(first));
+    if (command == "holdWithChild")
+        return holdWithChild(first);
     return command == "hold" && hold(first);
 }
 

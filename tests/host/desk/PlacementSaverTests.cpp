@@ -34,6 +34,9 @@ public:
     Result<void> createDirectories(const FileURL& directory) override {
         return m_files.createDirectories(directory);
     }
+    Result<std::vector<std::string>> names(const FileURL& directory) override {
+        return m_files.names(directory);
+    }
     Result<Descriptor> open(const FileURL& path, OpenMode mode) override {
         if (mode == OpenMode::writeNew) {
             writer = std::this_thread::get_id();
@@ -47,6 +50,7 @@ public:
     Result<void> unlock(Descriptor one) override { return m_files.unlock(one); }
     Result<FileStatus> status(const FileURL& path) override { return m_files.status(path); }
     Result<FileStatus> status(Descriptor one) override { return m_files.status(one); }
+    Result<bool> isNamed(Descriptor one, const FileURL& path) override { return m_files.isNamed(one, path); }
     Result<std::size_t> read(Descriptor one, std::span<char> buffer) override {
         return m_files.read(one, buffer);
     }
