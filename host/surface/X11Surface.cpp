@@ -5,18 +5,21 @@
 #include <QWindow>
 #include <array>
 #include <chrono>
+#include <string_view>
 #include <vector>
 
 #include <xcb/shape.h>
 
 namespace vantel {
 
+using namespace std::string_view_literals;
+
 namespace {
 
 constexpr std::uint32_t allWorkspaces = 0xFFFFFFFF;
 constexpr std::chrono::seconds arrivalTime(1);
 constexpr std::uint32_t fromApplication = 1;
-constexpr char windowClass[] = "vantel-widgets\0org.vantel.Widgets";
+constexpr std::string_view windowClass = "vantel-widgets\0org.vantel.Widgets\0"sv;
 
 /// ICCCM's WM_HINTS: nine numbers, of which the first says which others count.
 constexpr std::size_t hintCount = 9;
@@ -78,7 +81,7 @@ void X11Surface::chooseFlags() {
 }
 
 void X11Surface::announce() const {
-    m_connection.setText(window(), "WM_CLASS", {windowClass, sizeof(windowClass)});
+    m_connection.setText(window(), "WM_CLASS", windowClass);
     if (m_mode == WindowMode::dockBelow)
         m_connection.setAtoms(window(), "_NET_WM_WINDOW_TYPE", {"_NET_WM_WINDOW_TYPE_DOCK"});
     else

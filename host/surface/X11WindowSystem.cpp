@@ -3,6 +3,7 @@
 #include "host/surface/X11Surface.h"
 
 #include <QCoreApplication>
+#include <array>
 #include <utility>
 
 #include <xcb/xfixes.h>
@@ -21,25 +22,16 @@ constexpr std::uint32_t ownerChanges = XCB_XFIXES_SELECTION_EVENT_MASK_SET_SELEC
 constexpr std::string_view checkProperty = "_NET_SUPPORTING_WM_CHECK";
 
 /// What every start needs, here and for a window.
-constexpr std::string_view usualAtoms[] = {checkProperty,
-                                           "_NET_SUPPORTED",
-                                           "_NET_WM_NAME",
-                                           "WM_CLASS",
-                                           "WM_HINTS",
-                                           "_NET_WM_WINDOW_TYPE",
-                                           "_NET_WM_DESKTOP",
-                                           "_NET_WM_WINDOW_TYPE_DOCK",
-                                           "_NET_WM_WINDOW_TYPE_NORMAL",
-                                           "_NET_WM_STATE",
-                                           "_NET_WM_STATE_BELOW",
-                                           "_NET_WM_STATE_STICKY",
-                                           "_NET_WM_STATE_SKIP_PAGER",
-                                           "_NET_WM_STATE_SKIP_TASKBAR"};
+constexpr auto usualAtoms = std::to_array<std::string_view>(
+    {checkProperty, "_NET_SUPPORTED", "_NET_WM_NAME", "WM_CLASS", "WM_HINTS", "_NET_WM_WINDOW_TYPE",
+     "_NET_WM_DESKTOP", "_NET_WM_WINDOW_TYPE_DOCK", "_NET_WM_WINDOW_TYPE_NORMAL", "_NET_WM_STATE",
+     "_NET_WM_STATE_BELOW", "_NET_WM_STATE_STICKY", "_NET_WM_STATE_SKIP_PAGER",
+     "_NET_WM_STATE_SKIP_TASKBAR"});
 
 } // namespace
 
 X11WindowSystem::X11WindowSystem(X11Connection connection)
-    : m_connection(connection) {
+    : m_connection(std::move(connection)) {
     m_connection.learnAtoms(usualAtoms);
     watchCompositor();
     lookForCompositor();
