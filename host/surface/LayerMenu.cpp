@@ -55,6 +55,8 @@ LayerMenu::LayerMenu(QMenu& menu, const WaylandConnection& connection, QScreen& 
     connect(&menu, &QMenu::aboutToHide, this, &LayerMenu::endSheets, Qt::QueuedConnection);
     connect(qGuiApp, &QGuiApplication::screenRemoved, &menu, &QWidget::close);
     connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, &LayerMenu::heedFocus);
+    // They come first, so that no click passes beside a menu that is seen.
+    layOutSheets();
     m_window.stand(screen, {.layer = layershell::Layer::overlay,
                             .keyboard = layershell::Keyboard::exclusive,
                             .place = m_place - screen.geometry().topLeft(),
@@ -65,7 +67,6 @@ LayerMenu::LayerMenu(QMenu& menu, const WaylandConnection& connection, QScreen& 
 LayerMenu::~LayerMenu() = default;
 
 void LayerMenu::open() {
-    layOutSheets();
     m_menu.popup(m_place);
 }
 

@@ -29,7 +29,9 @@ void LayerPicture::show(QScreen& screen, QPoint position) {
 }
 
 void LayerPicture::paintEvent(QPaintEvent*) {
-    QPainter(this).drawPixmap(0, 0, m_picture);
+    QPainter painter(this);
+    painter.setCompositionMode(QPainter::CompositionMode_Source); // as the window may not be clear
+    painter.drawPixmap(0, 0, m_picture);
 }
 
 } // namespace vantel

@@ -65,6 +65,7 @@ void LayerRole::takeConfigure(void* role, wl_proxy* surface, std::uint32_t seria
     auto& self = *static_cast<LayerRole*>(role);
     if (std::exchange(self.m_isConfigured, true))
         return self.commit();
+    self.m_connection.forgetWholeScale(self.m_surface);
     // What is called may end this role, and with it the function itself.
     const auto configured = self.m_heard.configured;
     configured();

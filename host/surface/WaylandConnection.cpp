@@ -4,7 +4,9 @@
 #include "host/surface/WaylandRegistry.h"
 
 #include <QGuiApplication>
+#include <QLibraryInfo>
 #include <QScreen>
+#include <QVersionNumber>
 #include <QWindow>
 #include <utility>
 
@@ -34,6 +36,14 @@ Object* bindForApplication(const WaylandRegistry& registry, const char* name, co
     return static_cast<Object*>(object);
 }
 
+/// Whether the toolkit tells a size beside each picture, as it does where it can, instead of a whole scale.
+bool isFractionalScaleUsed(const WaylandRegistry& registry) {
+    return QLibraryInfo::version() >= QVersionNumber(6, 5) &&
+           registry.find("wp_fractional_scale_manager_v1") && registry.find("wp_viewporter") &&
+           QGuiApplication::highDpiScaleFactorRoundingPolicy() ==
+               Qt::HighDpiScaleFactorRoundingPolicy::PassThrough;
+}
+
 } // namespace
 
 WaylandConnection::WaylandConnection(wl_display* display)
@@ -43,6 +53,7 @@ WaylandConnection::WaylandConnection(wl_display* display)
         bindForApplication<wl_compositor>(registry, wl_compositor_interface.name, wl_compositor_interface, 1);
     m_layerShell = bindForApplication<wl_proxy>(registry, layershell::globalName,
                                                 layershell::shellInterface(), layershell::newestVersion);
+    m_hasFractionalScale = isFractionalScaleUsed(registry);
 }
 
 std::optional<WaylandConnection> WaylandConnection::ofApplication() {
@@ -71,6 +82,11 @@ void WaylandConnection::setInputRegion(wl_surface* surface, const QRegion& regio
         wl_region_add(input, rectangle.x(), rectangle.y(), rectangle.width(), rectangle.height());
     wl_surface_set_input_region(surface, input);
     wl_region_destroy(input);
+}
+
+void WaylandConnection::forgetWholeScale(wl_surface* surface) const {
+    if (m_hasFractionalScale)
+        wl_surface_set_buffer_scale(surface, 1);
 }
 
 void WaylandConnection::commit(wl_surface* surface) {

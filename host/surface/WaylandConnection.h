@@ -32,6 +32,11 @@ public:
     /// The part of a surface that clicks go to; with its next commit.
     void setInputRegion(wl_surface* surface, const QRegion& region) const;
 
+    /// Takes back the whole scale that the toolkit may have given to a surface that it did not show yet. With
+    /// a fractional scale it leaves that standing, and the compositor ends the program for the sizes that
+    /// follow.
+    void forgetWholeScale(wl_surface* surface) const;
+
     static void commit(wl_surface* surface);
 
     /// Sends what was asked for.
@@ -43,6 +48,7 @@ private:
     wl_display* m_display;
     wl_compositor* m_compositor = nullptr;
     wl_proxy* m_layerShell = nullptr;
+    bool m_hasFractionalScale = false; ///< as the toolkit sees it
 };
 
 } // namespace vantel

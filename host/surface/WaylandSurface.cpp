@@ -4,6 +4,8 @@
 
 #include <QEvent>
 #include <QGuiApplication>
+#include <QPaintEvent>
+#include <QPainter>
 #include <QScreen>
 #include <algorithm>
 
@@ -23,6 +25,14 @@ QScreen* screenAt(QPoint point) {
     const auto found =
         std::ranges::find_if(screens, [&](const QScreen* each) { return each->geometry().contains(point); });
     return found != screens.end() ? *found : nullptr;
+}
+
+/// Since Qt 6.5 a window is not always handed out clear where it is drawn anew: what was there before would
+/// shine through the shadow.
+void clear(QWidget& window, const QRegion& region) {
+    QPainter painter(&window);
+    painter.setCompositionMode(QPainter::CompositionMode_Clear);
+    painter.fillRect(region.boundingRect(), Qt::transparent);
 }
 
 } // namespace
@@ -141,8 +151,10 @@ bool WaylandSurface::eventFilter(QObject* watched, QEvent* event) {
         update();
     if (event->type() == QEvent::WindowActivate)
         letGoOfKeyboard();
-    if (event->type() == QEvent::Paint && m_content == Content::blank)
-        return true;
+    if (event->type() == QEvent::Paint) {
+        clear(m_widget, static_cast<QPaintEvent*>(event)->region());
+        return m_content == Content::blank;
+    }
     return QObject::eventFilter(watched, event);
 }
 

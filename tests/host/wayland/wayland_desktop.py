@@ -12,6 +12,13 @@ from desktop import Desktop, Skipped, wait_for
 from virtual_devices import LEFT, RIGHT, VirtualDevices
 
 NOBODY = 65534
+# Outputs lie apart, because what is hidden behind another window is not drawn. All but the first are one at a time.
+OUTER_SETTINGS = """
+output * mode 4000x4000
+default_border none
+for_window [title=.*] floating enable, resize set 1280 720, move position 2000 2000
+for_window [title=WL-1$] move position 100 100
+"""
 SWAY_SETTINGS = """
 output HEADLESS-1 mode 1366x768 position 0 0
 output * bg #335577 solid_color
@@ -185,8 +192,7 @@ class PluggableDesktop(WaylandDesktop):
     a compositor without a screen can neither be unplugged nor switched off before sway 1.8.)"""
 
     def start_compositor(self):
-        self.outer, outer_socket = self.start_sway(
-            "output * mode 4000x4000\nfor_window [title=.*] floating enable\n")
+        self.outer, outer_socket = self.start_sway(OUTER_SETTINGS)
         self.outer_environment = dict(self.environment, WAYLAND_DISPLAY=str(outer_socket), SWAYSOCK=str(
             next(self.runtime.glob(f"sway-ipc.*.{self.outer.pid}.sock"))))
         self.compositor, self.socket = self.start_sway(
