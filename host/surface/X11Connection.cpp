@@ -13,6 +13,7 @@ namespace {
 constexpr std::uint32_t longestProperty = 1024; ///< in units of four bytes
 
 struct Free {
+    // NOLINTNEXTLINE(cppcoreguidelines-no-malloc): the library leaves it so to whoever asked.
     void operator()(void* reply) const { std::free(reply); }
 };
 
@@ -29,7 +30,7 @@ int defaultScreen() {
     int display = 0;
     int screen = 0;
     xcb_parse_display(nullptr, &host, &display, &screen);
-    std::free(host);
+    const Owned<char> given(host);
     return screen;
 }
 
