@@ -27,24 +27,27 @@ Result<std::string> FileHandle::readToEnd() {
         return std::unexpected(SystemError{"read", "what is not a regular file", EINVAL});
     if (status->size > longestRead)
         return tooLong();
+    return readFrom(status->size);
+}
+
+Result<std::string> FileHandle::readFrom(std::size_t expected) {
     std::string bytes;
     std::size_t length = 0;
-    while (true) {
+    while (length <= longestRead) {
         if (length == bytes.size())
-            bytes.resize(length == 0 ? status->size + smallestRead : length * 2);
+            bytes.resize(length == 0 ? expected + smallestRead : length * 2);
         const auto count = m_files.read(m_descriptor, std::span(bytes).subspan(length));
         if (!count && isInterruption(count.error()))
             continue;
         if (!count)
             return std::unexpected(count.error());
-        if (*count == 0)
-            break;
         length += *count;
-        if (length > longestRead)
-            return tooLong();
+        if (*count > 0)
+            continue;
+        bytes.resize(length);
+        return bytes;
     }
-    bytes.resize(length);
-    return bytes;
+    return tooLong();
 }
 
 Result<char> FileHandle::byteAt(std::uint64_t offset) {

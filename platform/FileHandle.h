@@ -38,6 +38,9 @@ public:
     Result<void> changeMode(unsigned mode) { return m_files.changeMode(m_descriptor, mode); }
 
 private:
+    /// To the end, of a file that seems to have about so many bytes.
+    Result<std::string> readFrom(std::size_t expected);
+
     FileSystem& m_files;
     FileSystem::Descriptor m_descriptor;
 };
