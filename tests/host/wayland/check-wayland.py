@@ -13,7 +13,7 @@ import threading
 import time
 
 from desktop import Failed, Skipped, expect, wait_for
-from wayland_desktop import DesktopWithoutLayers, LabwcDesktop, PanelDesktop, PluggableDesktop, WaylandDesktop, sway_version
+from wayland_desktop import DesktopWithoutLayers, LabwcDesktop, PanelDesktop, PluggableDesktop, WaylandDesktop
 
 FOCUS, NEXT_UP, TRIAGE, GROUP = (
     "VantelFocusWidget", "VantelNextUpWidget", "VantelTriageWidget", "VantelGroupTodayWidget")
@@ -243,8 +243,6 @@ def keys_come_when_asked_and_go_back_with_escape(desktop):
 
 
 def a_click_on_a_window_takes_the_keyboard_from_the_widgets(desktop):
-    if sway_version() < (1, 8):
-        raise Skipped("a sway before 1.8 leaves the keyboard on a layer until the layer gives it back")
     start(desktop)
     color = paper(desktop, FOCUS)
     _, said = open_window(desktop)
