@@ -22,29 +22,9 @@ QPoint menuPosition(QPoint place, QSize menu, const QRect& screen) {
             beside(place.y(), menu.height(), screen.y(), screen.y() + screen.height())};
 }
 
-/// The application sends every click to the menu that is open, so a sheet needs to do nothing.
-struct LayerMenu::Sheet {
-    QWidget widget;
-    LayerWindow window;
-
-    /// An ordinary window would close the menu when it is shown, but a tool does not.
-    Sheet(QScreen& screen, const WaylandConnection& connection)
-        : widget(nullptr, Qt::Tool)
-        , window(widget, connection) {
-        widget.setAttribute(Qt::WA_TranslucentBackground);
-        widget.setAttribute(Qt::WA_ShowWithoutActivating);
-        widget.setAttribute(Qt::WA_QuitOnClose, false);
-        widget.setGeometry(screen.geometry());
-        connect(&window, &LayerWindow::ready, &widget, &QWidget::show);
-        const QSize size = screen.geometry().size();
-        window.stand(screen, {.layer = layershell::Layer::top, .size = size, .input = QRect({}, size)});
-    }
-};
-
 LayerMenu::LayerMenu(QMenu& menu, const WaylandConnection& connection, QScreen& screen, QPoint place)
     : QObject(&menu)
     , m_menu(menu)
-    , m_connection(connection)
     , m_window(menu, connection) {
     menu.ensurePolished();
     const QSize size = menu.sizeHint();
@@ -56,7 +36,7 @@ LayerMenu::LayerMenu(QMenu& menu, const WaylandConnection& connection, QScreen& 
     connect(qGuiApp, &QGuiApplication::screenRemoved, &menu, &QWidget::close);
     connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, &LayerMenu::heedFocus);
     // They come first, so that no click passes beside a menu that is seen.
-    layOutSheets();
+    m_sheets = LayerSheet::overAllScreens(connection);
     m_window.stand(screen, {.layer = layershell::Layer::overlay,
                             .keyboard = layershell::Keyboard::exclusive,
                             .place = m_place - screen.geometry().topLeft(),
@@ -68,11 +48,6 @@ LayerMenu::~LayerMenu() = default;
 
 void LayerMenu::open() {
     m_menu.popup(m_place);
-}
-
-void LayerMenu::layOutSheets() {
-    for (QScreen* screen : QGuiApplication::screens())
-        m_sheets.push_back(std::make_unique<Sheet>(*screen, m_connection));
 }
 
 void LayerMenu::endSheets() {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/surface/LayerWindow.h"
+#include "host/surface/LayerSheet.h"
 
 #include <QMenu>
 #include <vector>
@@ -21,17 +21,13 @@ public:
 
 private:
     void open();
-    void layOutSheets();
     void endSheets();
     void heedFocus(const QWindow* focused);
 
-    struct Sheet;
-
     QMenu& m_menu;
-    const WaylandConnection& m_connection;
     QPoint m_place;
     LayerWindow m_window;
-    std::vector<std::unique_ptr<Sheet>> m_sheets;
+    std::vector<std::unique_ptr<LayerSheet>> m_sheets;
     bool m_hasKeyboard = false;
 };
 

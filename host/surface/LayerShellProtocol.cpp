@@ -113,10 +113,7 @@ void setMargin(wl_proxy* surface, std::int32_t top, std::int32_t right, std::int
 }
 
 void setKeyboard(wl_proxy* surface, Keyboard keyboard) {
-    const bool isKnown =
-        keyboard != Keyboard::onDemand || wl_proxy_get_version(surface) >= versionOfKeyboardOnDemand;
-    if (isKnown)
-        ask(surface, SurfaceRequest::setKeyboard, static_cast<std::uint32_t>(keyboard));
+    ask(surface, SurfaceRequest::setKeyboard, static_cast<std::uint32_t>(keyboard));
 }
 
 void acknowledge(wl_proxy* surface, std::uint32_t serial) {

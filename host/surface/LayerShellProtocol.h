@@ -19,13 +19,12 @@ inline constexpr const char* globalName = "zwlr_layer_shell_v1";
 inline constexpr std::uint32_t newestVersion = 4;
 inline constexpr std::uint32_t versionOfSetLayer = 2;
 inline constexpr std::uint32_t versionOfDestroyShell = 3;
-inline constexpr std::uint32_t versionOfKeyboardOnDemand = 4;
 
 enum class Layer : std::uint32_t { background, bottom, top, overlay };
 
-/// On demand the keyboard comes with a click, and goes with a click elsewhere. Asking for it does nothing
-/// where the compositor does not know it.
-enum class Keyboard : std::uint32_t { none, exclusive, onDemand };
+/// There is a third one, on demand, of which compositors disagree what it means for a surface that has the
+/// keyboard already.
+enum class Keyboard : std::uint32_t { none, exclusive };
 
 /// Bits of `setAnchor`.
 inline constexpr std::uint32_t topEdge = 1;

@@ -74,7 +74,7 @@ void WaylandSurface::appear() {
 
 LayerState WaylandSurface::state() const {
     const bool hasKeyboard = m_keyboard != layershell::Keyboard::none;
-    return {.layer = hasKeyboard ? layershell::Layer::top : layershell::Layer::bottom,
+    return {.layer = hasKeyboard ? layershell::Layer::overlay : layershell::Layer::bottom,
             .keyboard = m_keyboard,
             .place = m_position - m_screen->geometry().topLeft(),
             .size = m_widget.size(),
@@ -90,6 +90,7 @@ void WaylandSurface::update() {
 void WaylandSurface::loseScreen(const QScreen* screen) {
     m_carried.reset();
     setContent(Content::shown);
+    giveFocusBack();
     if (screen != m_screen)
         return;
     m_screen.clear();
@@ -114,6 +115,7 @@ void WaylandSurface::move(QPoint position) {
 void WaylandSurface::hide() {
     m_retry.stop();
     m_carried.reset();
+    giveFocusBack();
     m_window.takeDown();
 }
 
@@ -149,8 +151,6 @@ void WaylandSurface::setContent(Content content) {
 bool WaylandSurface::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::Resize)
         update();
-    if (event->type() == QEvent::WindowActivate)
-        letGoOfKeyboard();
     if (event->type() == QEvent::Paint) {
         clear(m_widget, static_cast<QPaintEvent*>(event)->region());
         return m_content == Content::blank;
@@ -170,19 +170,16 @@ void WaylandSurface::setCardShape(const CardShape& shape) {
 
 void WaylandSurface::takeFocus() {
     m_keyboard = layershell::Keyboard::exclusive;
-    update();
-}
-
-/// Once it is here it may go to any window that is clicked.
-void WaylandSurface::letGoOfKeyboard() {
-    if (m_keyboard != layershell::Keyboard::exclusive)
-        return;
-    m_keyboard = layershell::Keyboard::onDemand;
+    m_sheets = LayerSheet::overAllScreens(m_connection);
+    for (const auto& sheet : m_sheets)
+        connect(sheet.get(), &LayerSheet::pressed, this, &WaylandSurface::giveFocusBack,
+                Qt::QueuedConnection);
     update();
 }
 
 void WaylandSurface::giveFocusBack() {
     m_keyboard = layershell::Keyboard::none;
+    m_sheets.clear();
     update();
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "host/surface/LayerPicture.h"
+#include "host/surface/LayerSheet.h"
 #include "host/surface/LayerWindow.h"
 #include "host/surface/Surface.h"
 
@@ -12,6 +13,8 @@
 namespace vantel {
 
 /// A desktop window as a layer surface: on the layer below all windows; above them while it has the keyboard.
+/// It has it until the user presses Escape or clicks anywhere else, which does nothing more: compositors
+/// disagree on what else takes the keyboard from a layer.
 ///
 /// While it is dragged it stays where it is, because programs do not learn where the pointer is but in the
 /// window that was pressed, and compositors disagree on what that means if the window moves. A picture of it
@@ -46,7 +49,6 @@ private:
     void loseScreen(const QScreen* screen);
     void waitToStand();
     void carry();
-    void letGoOfKeyboard();
     void setContent(Content content);
 
     QWidget& m_widget;
@@ -57,6 +59,7 @@ private:
     QPoint m_position;
     QRegion m_shape;
     layershell::Keyboard m_keyboard = layershell::Keyboard::none;
+    std::vector<std::unique_ptr<LayerSheet>> m_sheets; ///< while it has the keyboard
     std::unique_ptr<LayerPicture> m_carried;
     Content m_content = Content::shown;
     QTimer m_retry;

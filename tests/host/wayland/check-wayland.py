@@ -243,8 +243,6 @@ def keys_come_when_asked_and_go_back_with_escape(desktop):
 
 
 def a_click_on_a_window_takes_the_keyboard_from_the_widgets(desktop):
-    if desktop.version() < (1, 8):
-        raise Skipped("a sway before 1.8 leaves the keyboard on a layer until the layer gives it back")
     start(desktop)
     color = paper(desktop, FOCUS)
     _, said = open_window(desktop)

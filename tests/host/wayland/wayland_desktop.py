@@ -12,13 +12,8 @@ from desktop import Desktop, Skipped, wait_for
 from virtual_devices import LEFT, RIGHT, VirtualDevices
 
 NOBODY = 65534
-# Outputs lie apart, because what is hidden behind another window is not drawn. All but the first are one at a time.
-OUTER_SETTINGS = """
-output * mode 4000x4000
-default_border none
-for_window [title=.*] floating enable, resize set 1280 720, move position 2000 2000
-for_window [title=WL-1$] move position 100 100
-"""
+OUTER_SETTINGS = "output * mode 4000x4000\nfor_window [title=.*] floating enable\n"
+PLUGGABLE_SETTINGS = "output * bg #335577 solid_color\n"
 SWAY_SETTINGS = """
 output HEADLESS-1 mode 1366x768 position 0 0
 output * bg #335577 solid_color
@@ -26,6 +21,12 @@ default_border none
 focus_follows_mouse no
 seat * hide_cursor 0
 """
+
+
+def sway_version():
+    """The major and the minor version of sway."""
+    answer = subprocess.run(["sway", "--version"], stdout=subprocess.PIPE, text=True, check=True).stdout
+    return tuple(map(int, re.search(r"(\d+)\.(\d+)", answer).groups()))
 
 
 class WaylandDesktop(Desktop):
@@ -75,7 +76,8 @@ class WaylandDesktop(Desktop):
 
     def start_sway(self, settings, **variables):
         """Returns the process and the path of its socket."""
-        file, before = self.place / "settings", self.sockets()
+        before = self.sockets()
+        file = self.place / f"settings-{len(before)}"  # a socket is there before the settings of its compositor are read
         file.write_text(settings)
         process = self.start_as_nobody("sway", "--config", str(file), **variables)
         return process, wait_for(lambda: self.sockets() - before, "a compositor").pop()
@@ -119,11 +121,6 @@ class WaylandDesktop(Desktop):
     def tell(self, *words):
         """Tells sway something."""
         self.run("swaymsg", *words)
-
-    def version(self):
-        """The major and the minor version of sway."""
-        answer = json.loads(self.output("swaymsg", "--raw", "--type", "get_version"))
-        return answer["major"], answer["minor"]
 
     def outputs(self):
         """The outputs that show something: their names and rectangles."""
@@ -188,20 +185,27 @@ class WaylandDesktop(Desktop):
 
 
 class PluggableDesktop(WaylandDesktop):
-    """A session whose outputs can be unplugged: they are windows of another one, which can be closed. (The outputs of
-    a compositor without a screen can neither be unplugged nor switched off before sway 1.8.)"""
+    """A session whose outputs can be unplugged. Before sway 1.8 those of a compositor without a screen cannot, so there
+    they are windows of another compositor, which can be closed."""
 
     def start_compositor(self):
+        self.is_nested = sway_version() < (1, 8)
+        if not self.is_nested:
+            self.compositor, self.socket = self.start_sway(PLUGGABLE_SETTINGS + "output * mode 1280x720\n")
+            return self.use_compositor()
         self.outer, outer_socket = self.start_sway(OUTER_SETTINGS)
         self.outer_environment = dict(self.environment, WAYLAND_DISPLAY=str(outer_socket), SWAYSOCK=str(
             next(self.runtime.glob(f"sway-ipc.*.{self.outer.pid}.sock"))))
         self.compositor, self.socket = self.start_sway(
-            "output * bg #335577 solid_color\n", WLR_BACKENDS="wayland", WAYLAND_DISPLAY=str(outer_socket))
-        self.use_compositor()
+            PLUGGABLE_SETTINGS, WLR_BACKENDS="wayland", WAYLAND_DISPLAY=str(outer_socket))
+        return self.use_compositor()
 
     def unplug(self, output):
-        subprocess.run(["swaymsg", f"[title=.*{output}]", "kill"], env=self.outer_environment,
-                       stdout=subprocess.DEVNULL, check=True)
+        if self.is_nested:
+            subprocess.run(["swaymsg", f"[title=.*{output}]", "kill"], env=self.outer_environment,
+                           stdout=subprocess.DEVNULL, check=True)
+        else:
+            self.tell("output", output, "unplug")
         wait_for(lambda: output not in self.outputs(), "an output fewer")
 
     def plug(self):
