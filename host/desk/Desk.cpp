@@ -42,8 +42,8 @@ bool liesOver(const QRect& card, const std::vector<QRect>& others) {
 } // namespace
 
 void Desk::Deleter::operator()(CardWindow* window) const {
-    // It may be the window itself that asked to be removed, and it shall ask for nothing more. Only its end is
-    // still to be heard: what the toolkit keeps for screen readers ends with it.
+    // It may be the window itself that asked to be removed, and it shall ask for nothing more. Only its end
+    // is still to be heard: what the toolkit keeps for screen readers ends with it.
     window->blockSignals(true);
     window->hideCard();
     window->deleteLater();
