@@ -94,10 +94,18 @@ class Desktop:
             self.environment["DISPLAY"] = ":" + numbers.readline().strip()
 
     def start_bus(self):
-        daemon = self.start("dbus-daemon", "--session", "--nofork", "--print-address=1", stdout=subprocess.PIPE,
-                            text=True)
-        self.environment["DBUS_SESSION_BUS_ADDRESS"] = daemon.stdout.readline().strip()
-        self.bus = connect(self.environment["DBUS_SESSION_BUS_ADDRESS"])
+        address = f"unix:path={self.folder / 'bus'}"
+        self.bus_daemon = self.start("dbus-daemon", "--session", "--nofork", "--address=" + address, "--print-address=1",
+                                     stdout=subprocess.PIPE, text=True)
+        self.bus_daemon.stdout.readline()
+        self.environment["DBUS_SESSION_BUS_ADDRESS"] = address
+        self.bus = connect(address)
+
+    def kill_bus(self):
+        self.bus_daemon.kill()
+        self.bus_daemon.wait()
+        self.processes.remove(self.bus_daemon)
+        (self.folder / "bus").unlink()
 
     def start(self, *words, **options):
         options.setdefault("stdout", subprocess.DEVNULL)

@@ -2,6 +2,8 @@
 import socket
 import time
 
+from gi.repository import GLib
+
 from cards import FIRST_ROW, FOCUS, MAC_EPOCH, NEXT_UP, TITLE, TRIAGE
 from desktop import Failed, OwnZone, expect, wait_for
 from screen_reader import ScreenReader
@@ -47,6 +49,7 @@ def zone_where(moment, hour):
 
 
 def another_zone_is_shown_at_once(desktop):
+    rounds = 50 if desktop.is_long else 1
     zone = OwnZone(desktop)
     snapshot = desktop.placeholder()
     start = time.time() + 1800
@@ -56,9 +59,51 @@ def another_zone_is_shown_at_once(desktop):
     reader = ScreenReader(desktop)
     zone.move_to(zone_where(start, 12))
     desktop.start_widgets(*zone.launcher)
-    expect(any(each.name.startswith("NEXT · 12:") for each in reader.card("Next up")), f"{reader.card('Next up')}")
-    zone.move_to(zone_where(start, 13))
-    wait_for(lambda: any(each.name.startswith("NEXT · 1:") for each in reader.card("Next up")), "the hour there")
+
+    def shows(hour):
+        return any(each.name.startswith(f"NEXT · {hour}:") for each in reader.card("Next up"))
+    expect(shows(12), f"{reader.card('Next up')}")
+    slowest = 0
+    for _ in range(rounds):
+        for hour, words in (13, 1), (12, 12):
+            zone.move_to(zone_where(start, hour))
+            slowest = max(slowest, seconds_until(lambda shown=words: shows(shown), "the hour there"))
+    desktop.figure(f"{2 * rounds} changes of the zone: right after {slowest:.2f} seconds at most")
+    expect(not desktop.is_long or slowest < 3, f"{slowest} seconds")
+
+
+def a_bus_that_dies_and_comes_back_is_found_again(desktop):
+    snapshot = desktop.placeholder()
+    desktop.write_snapshot(snapshot)
+    process = desktop.start_widgets()
+    rounds = 50 if desktop.is_long else 2
+    slowest = 0
+    for number in range(rounds):
+        before = desktop.picture(*desktop.card(TRIAGE))
+        desktop.kill_bus()
+        snapshot["triageCount"] = 100 + number
+        desktop.write_snapshot(snapshot)
+        desktop.start_bus()
+        slowest = max(slowest, seconds_until(lambda: answers(desktop), "the widgets on the new bus"))
+        desktop.ask("ReloadAllTimelines")
+        slowest = max(slowest, seconds_until(lambda old=before: desktop.picture(*desktop.card(TRIAGE)) != old,
+                                             "another triage card"))
+        expect(process.poll() is None, "the program ended")
+    desktop.figure(f"{rounds} dead buses: each step took {slowest:.2f} seconds at most")
+    expect(not desktop.is_long or slowest < 3, f"{slowest} seconds")
+
+
+def answers(desktop):
+    try:
+        return desktop.ask("CurrentConfigurations")
+    except GLib.Error:
+        return None
+
+
+def seconds_until(condition, what):
+    begin = time.monotonic()
+    wait_for(condition, what)
+    return time.monotonic() - begin
 
 
 def titles_cause_no_request(desktop):
