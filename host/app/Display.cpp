@@ -6,7 +6,9 @@
 #include <QLibraryInfo>
 #include <algorithm>
 #include <cstdlib>
+#include <filesystem>
 #include <optional>
+#include <system_error>
 
 #include <xcb/xcb.h>
 
@@ -53,6 +55,13 @@ DisplayFacts::ToolkitPart findWaylandPart() {
     return isThere ? DisplayFacts::ToolkitPart::installed : DisplayFacts::ToolkitPart::missing;
 }
 
+/// Beside the program, built or installed. Settings of the machine or the user would change the pictures.
+std::filesystem::path pictureFontSettings() {
+    std::error_code ignored;
+    const auto program = std::filesystem::read_symlink("/proc/self/exe", ignored);
+    return program.parent_path().parent_path() / "share/vantel-widgets/fonts/fonts.conf";
+}
+
 } // namespace
 
 DisplayFacts displayFacts(WantedBackEnd wanted) {
@@ -77,6 +86,7 @@ void useBackEnd(BackEnd backEnd) {
 
 void useMemory() {
     choose("offscreen");
+    ::setenv("FONTCONFIG_FILE", pictureFontSettings().c_str(), 1);
     ::setenv("QT_LOGGING_RULES", "default.warning=false", 0); // it misses folders that pictures do not need
 }
 

@@ -24,9 +24,16 @@ using namespace std::chrono_literals;
 /// A press that waits for another program's lock, or a slow disk, may not keep the session from ending.
 constexpr auto patienceAtEnd = 800ms;
 
+/// A portal that runs answers within some milliseconds, and cards that change their colours after they were
+/// seen are uglier than cards that come a little later.
+constexpr auto patienceWithPortal = 150ms;
+
 void warn(const std::string& sentence) {
     qWarning("%s", sentence.c_str());
 }
+
+const QString galleryAction = QStringLiteral("gallery");
+constexpr const char* activationVariable = "XDG_ACTIVATION_TOKEN";
 
 /// What the toolkit enlarges everything by on account of the X server's resolution, into which desktops put
 /// the scale of the texts. What this program is asked for beside it, and scales of other systems, are none of
@@ -50,8 +57,9 @@ WidgetKey keyOf(const Placement& placement) {
 }
 
 /// Absent where the widget fails; the gallery then shows no card, and goes on.
-std::optional<WidgetView> previewOf(const StaticConfiguration& widget, WidgetFamily family,
-                                    const Clock& clock, const Formats& formats) {
+std::optional<WidgetView> previewOf(const StaticConfiguration& widget, WidgetFamily family, Instant now,
+                                    const Formats& formats) {
+    const FixedClock clock(now);
     const SystemCalendar calendar = SystemCalendar::current();
     try {
         const TimelineEntry entry = widget.getSnapshot({clock, calendar, family, true});
@@ -64,7 +72,17 @@ std::optional<WidgetView> previewOf(const StaticConfiguration& widget, WidgetFam
 }
 
 QString activationToken() {
-    return qEnvironmentVariable("XDG_ACTIVATION_TOKEN");
+    return qEnvironmentVariable(activationVariable);
+}
+
+/// Brings a window to the front. The toolkit takes the desktop's permission from the environment.
+void bringForward(QWidget& window, const QString& activationToken) {
+    if (!activationToken.isEmpty())
+        qputenv(activationVariable, activationToken.toUtf8());
+    window.show();
+    window.raise();
+    window.activateWindow();
+    qunsetenv(activationVariable);
 }
 
 } // namespace
@@ -72,11 +90,13 @@ QString activationToken() {
 HostApplication::HostApplication(HostedWidgets widgets, const Formats& formats)
     : m_widgets(std::move(widgets))
     , m_formats(formats)
+    , m_settings(m_bus, isDesktopPaletteDark)
     , m_links(m_bus, formats, m_widgets.linkScheme)
     , m_schedule(m_widgets.bundle,
                  {*m_clock, m_alarm, formats, SystemCalendar::current, m_widgets.entryWithoutData})
     , m_intents(m_widgets.bundle, {m_clock, m_identifiers}, formats)
     , m_cards(formats, m_widgets.emptyBackground)
+    , m_previews(formats, m_widgets.emptyBackground)
     , m_placements(stateFolder(), systemFileSystem(), warn)
     , m_desk({m_widgets.bundle, formats, *m_windows, m_screens, m_placements, *m_identifiers,
               [this](const Placement& placement) { return makeCard(keyOf(placement)); }}) {
@@ -89,19 +109,17 @@ HostApplication::HostApplication(HostedWidgets widgets, const Formats& formats)
 HostApplication::~HostApplication() = default;
 
 int HostApplication::run() {
+    m_settings.awaitAnswers(patienceWithPortal);
     if (m_service.start(activationToken()) == WidgetsService::Start::alreadyRunning)
         return EXIT_SUCCESS;
     return runUntilEnd();
 }
 
 int HostApplication::runWithGallery() {
-    if (m_service.start(activationToken()) == WidgetsService::Start::alreadyRunning) {
-        const auto name = QString::fromLatin1(WidgetsService::name);
-        m_bus.connection().send(QDBusMessage::createMethodCall(
-            name, QString::fromLatin1(WidgetsService::path), name + u'1', QStringLiteral("ShowGallery")));
+    m_settings.awaitAnswers(patienceWithPortal);
+    if (m_service.start(activationToken(), galleryAction) == WidgetsService::Start::alreadyRunning)
         return EXIT_SUCCESS;
-    }
-    showGallery();
+    showGallery(activationToken());
     return runUntilEnd();
 }
 
@@ -160,7 +178,7 @@ void HostApplication::joinDesk() {
         if (auto* shown = qobject_cast<CardWidget*>(card))
             shown->focusFirst();
     });
-    connect(&m_desk, &Desk::addWidgetsAsked, this, &HostApplication::showGallery);
+    connect(&m_desk, &Desk::addWidgetsAsked, this, qOverload<>(&HostApplication::showGallery));
     connect(&m_desk, &Desk::reloadAsked, &m_schedule, &WidgetSchedule::reload);
     connect(&m_desk, &Desk::aboutAsked, this, &HostApplication::showAbout);
     connect(&m_desk, &Desk::quitAsked, qApp, &QApplication::quit);
@@ -170,13 +188,14 @@ void HostApplication::joinDesk() {
 void HostApplication::joinBus() {
     connect(&m_service, &WidgetsService::activated, this, &HostApplication::comeForward);
     connect(&m_service, &WidgetsService::focusRequested, &m_desk, &Desk::focusWidgets);
-    connect(&m_service, &WidgetsService::galleryRequested, this, &HostApplication::showGallery);
-    connect(&m_service, &WidgetsService::actionRequested, this, [this](const QString& action) {
-        if (action == u"gallery")
-            showGallery();
-        else if (action == u"reload")
-            m_schedule.reloadAll();
-    });
+    connect(&m_service, &WidgetsService::galleryRequested, this, qOverload<>(&HostApplication::showGallery));
+    connect(&m_service, &WidgetsService::actionRequested, this,
+            [this](const QString& action, const QString& token) {
+                if (action == galleryAction)
+                    showGallery(token);
+                else if (action == u"reload")
+                    m_schedule.reloadAll();
+            });
     connect(&m_service, &WidgetsService::reloadRequested, &m_schedule, &WidgetSchedule::reload);
     connect(&m_service, &WidgetsService::reloadAllRequested, &m_schedule, &WidgetSchedule::reloadAll);
 }
@@ -204,13 +223,18 @@ void HostApplication::showView(const WidgetKey& key) {
     const Arrival arrival = m_performed[key.kind].empty() ? Arrival::atOnce : Arrival::faded;
     if (const auto view = m_schedule.view(key))
         m_cards.show(key, *view, now, arrival);
-    m_schedule.noteTick(m_cards.nextTick(now));
+    noteNextTick(now);
+}
+
+void HostApplication::noteNextTick(Instant now) {
+    m_schedule.noteTick(earlier(m_cards.nextTick(now), m_previews.nextTick(now)));
 }
 
 void HostApplication::tick() {
     const Instant now = m_clock->now();
     m_cards.setNow(now);
-    m_schedule.noteTick(m_cards.nextTick(now));
+    m_previews.setNow(now);
+    noteNextTick(now);
 }
 
 /// A widget shows what its own action has done as soon as it is asked again.
@@ -236,23 +260,25 @@ void HostApplication::takePreferences(const DesktopPreferences& preferences) {
     const Look look = lookOf(preferences);
     usePalette(preferences.isDark ? Shade::dark : Shade::light);
     m_cards.setLook(look);
+    m_previews.setLook(look);
     m_desk.setScale(look.scale);
-    if (!m_gallery.isNull()) {
-        m_gallery->deleteLater();
-        m_gallery = nullptr;
-        showGallery();
-    }
+    if (!m_gallery.isNull())
+        m_gallery->setScale(look.scale);
 }
 
 /// Where there is no widget to come forward, one can be added.
-void HostApplication::comeForward() {
+void HostApplication::comeForward(const QString& activationToken) {
     if (m_desk.placed().empty())
-        showGallery();
+        showGallery(activationToken);
     else
         m_desk.focusWidgets();
 }
 
 void HostApplication::showGallery() {
+    showGallery({});
+}
+
+void HostApplication::showGallery(const QString& activationToken) {
     if (m_gallery.isNull()) {
         m_gallery = new GalleryWindow(
             m_widgets.bundle, m_formats,
@@ -263,19 +289,17 @@ void HostApplication::showGallery() {
         m_gallery->setAttribute(Qt::WA_DeleteOnClose);
         connect(m_gallery, &GalleryWindow::chosen, &m_desk, &Desk::add);
     }
-    m_gallery->show();
-    m_gallery->raise();
-    m_gallery->activateWindow();
+    bringForward(*m_gallery, activationToken);
 }
 
 QWidget* HostApplication::makePreview(const StaticConfiguration& widget, WidgetFamily family) {
-    auto* card = new CardWidget(m_formats);
-    card->setLook(m_cards.look());
-    card->setNow(m_clock->now());
-    card->setAttribute(Qt::WA_TransparentForMouseEvents);
+    const Instant now = m_clock->now();
+    CardWidget* card = m_previews.makeCard({widget.kind, family});
+    card->setNow(now);
     card->setEnabled(false);
-    if (const auto view = previewOf(widget, family, *m_clock, m_formats))
+    if (const auto view = previewOf(widget, family, now, m_formats))
         card->setView(*view);
+    noteNextTick(now);
     return card;
 }
 
@@ -283,6 +307,8 @@ void HostApplication::showAbout() {
     auto* box = new QMessageBox(QMessageBox::NoIcon, QStringLiteral("Vantel Widgets"),
                                 QStringLiteral("Vantel Widgets " VANTEL_VERSION), QMessageBox::Close);
     box->setTextFormat(Qt::PlainText);
+    // The title of the window would be cut above so few words.
+    box->setStyleSheet(QStringLiteral("QLabel#qt_msgbox_informativelabel { min-width: 280px; }"));
     box->setInformativeText(QString::fromStdString(
         m_formats.translated("Your tasks, meetings, group and mail at a glance, on your desktop.")));
     box->setAttribute(Qt::WA_DeleteOnClose);

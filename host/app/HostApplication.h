@@ -49,8 +49,10 @@ private:
     void finish(const IntentOutcome& outcome);
     void place(const PlacedWidgets& placed);
     void takePreferences(const DesktopPreferences& preferences);
-    void comeForward();
+    void noteNextTick(Instant now);
+    void comeForward(const QString& activationToken);
     void showGallery();
+    void showGallery(const QString& activationToken);
     QWidget* makePreview(const StaticConfiguration& widget, WidgetFamily family);
     void showAbout();
 
@@ -60,12 +62,13 @@ private:
     std::shared_ptr<UuidSource> m_identifiers = std::make_shared<SystemUuidSource>();
     SessionBus m_bus;
     WidgetsService m_service{m_bus};
-    DesktopSettings m_settings{m_bus};
+    DesktopSettings m_settings;
     LinkOpener m_links;
     WakeTimer m_alarm;
     WidgetSchedule m_schedule;
     IntentRunner m_intents;
     CardShelf m_cards;
+    CardShelf m_previews; ///< in the gallery
     std::unique_ptr<WindowSystem> m_windows = makeWindowSystem();
     SystemScreens m_screens{*m_windows};
     PlacementSaver m_placements;

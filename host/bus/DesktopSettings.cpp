@@ -3,8 +3,11 @@
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QEvent>
+#include <QEventLoop>
 #include <QGuiApplication>
 #include <QPalette>
+#include <QTimer>
+#include <utility>
 
 namespace vantel {
 
@@ -18,23 +21,33 @@ const QString settings = u"org.freedesktop.portal.Settings"_s;
 const QString readOne = u"ReadOne"_s;
 const QString readWrapped = u"Read"_s; // of portals before 1.17.1; wraps the value once more
 
-bool isPaletteDark() {
-    constexpr int half = 128;
-    return QGuiApplication::palette().color(QPalette::Window).lightness() < half;
-}
-
 } // namespace
 
-DesktopSettings::DesktopSettings(SessionBus& bus, QObject* parent)
+DesktopSettings::DesktopSettings(SessionBus& bus, std::function<bool()> isPaletteDark, QObject* parent)
     : QObject(parent)
     , m_bus(bus)
-    , m_preferences(vantel::preferences({}, isPaletteDark())) {
+    , m_isPaletteDark(std::move(isPaletteDark))
+    , m_preferences(vantel::preferences({}, m_isPaletteDark())) {
     // Otherwise the bus library may not know the type yet, and then it quietly connects no slot that takes
     // it.
     qRegisterMetaType<QDBusVariant>("QDBusVariant");
     QCoreApplication::instance()->installEventFilter(this);
     connect(&m_bus, &SessionBus::reconnected, this, &DesktopSettings::askForAll);
     askForAll();
+}
+
+bool DesktopSettings::isApplicationDark() {
+    constexpr int half = 128;
+    return QGuiApplication::palette().color(QPalette::Window).lightness() < half;
+}
+
+void DesktopSettings::awaitAnswers(std::chrono::milliseconds patience) {
+    if (m_unanswered == 0)
+        return;
+    QEventLoop loop;
+    connect(this, &DesktopSettings::answered, &loop, &QEventLoop::quit);
+    QTimer::singleShot(patience, &loop, &QEventLoop::quit);
+    loop.exec();
 }
 
 bool DesktopSettings::eventFilter(QObject* watched, QEvent* event) {
@@ -57,9 +70,12 @@ void DesktopSettings::ask(const SettingName& name, const QString& method) {
     QDBusMessage call = QDBusMessage::createMethodCall(portal, portalPath, settings, method);
     call << name.space << name.key;
     auto* watcher = new QDBusPendingCallWatcher(m_bus.connection().asyncCall(call), this);
+    ++m_unanswered;
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, name, method, watcher] {
         watcher->deleteLater();
         takeReply(name, method, watcher->reply());
+        if (--m_unanswered == 0)
+            Q_EMIT answered();
     });
 }
 
@@ -78,7 +94,7 @@ void DesktopSettings::takeChange(const QString& space, const QString& key, const
 }
 
 void DesktopSettings::update() {
-    const DesktopPreferences now = vantel::preferences(m_readings, isPaletteDark());
+    const DesktopPreferences now = vantel::preferences(m_readings, m_isPaletteDark());
     if (now == m_preferences)
         return;
     m_preferences = now;

@@ -5,6 +5,8 @@
 
 #include <QDBusVariant>
 #include <QObject>
+#include <chrono>
+#include <functional>
 
 class QDBusMessage;
 class QDBusPendingCallWatcher;
@@ -12,13 +14,22 @@ class QDBusPendingCallWatcher;
 namespace vantel {
 
 /// The user's preferences for the whole desktop, from the settings portal, else from the toolkit's palette;
-/// kept up to date. Never waits: at first the palette decides, and what the portal answers is a change.
+/// kept up to date. At first the palette decides, and what the portal answers is a change.
 class DesktopSettings final : public QObject {
     Q_OBJECT
 
 public:
-    /// `bus` lives longer.
-    explicit DesktopSettings(SessionBus& bus, QObject* parent = nullptr);
+    /// `bus` lives longer. `isPaletteDark` tells of the desktop's own palette, where the program may have
+    /// put another one in its place.
+    explicit DesktopSettings(SessionBus& bus, std::function<bool()> isPaletteDark = isApplicationDark,
+                             QObject* parent = nullptr);
+
+    /// Whether the palette of the application is dark.
+    static bool isApplicationDark();
+
+    /// Waits until the portal has answered all that it was asked, or the time is over; meanwhile events
+    /// are handled. Ends at once where there is no portal.
+    void awaitAnswers(std::chrono::milliseconds patience);
 
     const DesktopPreferences& preferences() const { return m_preferences; }
 
@@ -27,6 +38,9 @@ public:
 Q_SIGNALS:
     /// Emitted only when something differs.
     void changed(const vantel::DesktopPreferences& preferences);
+
+    /// Nothing that was asked is without an answer.
+    void answered();
 
 private:
     Q_SLOT void takeChange(const QString& space, const QString& key, const QDBusVariant& value);
@@ -37,6 +51,8 @@ private:
     void update();
 
     SessionBus& m_bus;
+    std::function<bool()> m_isPaletteDark;
+    int m_unanswered = 0;
     PortalReadings m_readings;
     DesktopPreferences m_preferences;
 };

@@ -24,8 +24,9 @@ void ApplicationAdaptor::Open(const QStringList&, const QVariantMap& platformDat
     Q_EMIT m_service.activated(activationToken(platformData));
 }
 
-void ApplicationAdaptor::ActivateAction(const QString& name, const QVariantList&, const QVariantMap&) {
-    Q_EMIT m_service.actionRequested(name);
+void ApplicationAdaptor::ActivateAction(const QString& name, const QVariantList&,
+                                        const QVariantMap& platformData) {
+    Q_EMIT m_service.actionRequested(name, activationToken(platformData));
 }
 
 WidgetsAdaptor::WidgetsAdaptor(WidgetsService& service, QObject* exported)

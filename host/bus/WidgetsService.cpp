@@ -39,10 +39,10 @@ WidgetsService::~WidgetsService() {
         QDBusConnection(m_bus.connection()).unregisterService(serviceName());
 }
 
-WidgetsService::Start WidgetsService::start(const QString& activationToken) {
+WidgetsService::Start WidgetsService::start(const QString& activationToken, const QString& action) {
     const Start outcome = m_bus.isConnected() ? takeName() : Start::noBus;
     if (outcome == Start::alreadyRunning)
-        activateOwner(activationToken);
+        askOwner(activationToken, action);
     else
         connect(&m_bus, &SessionBus::reconnected, this, &WidgetsService::takeNameAgain);
     return outcome;
@@ -75,14 +75,17 @@ void WidgetsService::takeNameAgain() {
         qWarning("%s belongs to another process since the bus is back", name);
 }
 
-void WidgetsService::activateOwner(const QString& activationToken) {
+/// Waits for the answer: a call that is only sent is lost when the program ends.
+void WidgetsService::askOwner(const QString& activationToken, const QString& action) {
     constexpr int patience = 2000; // milliseconds
-    QDBusMessage call = QDBusMessage::createMethodCall(serviceName(), objectPath(),
-                                                       QStringLiteral("org.freedesktop.Application"),
-                                                       QStringLiteral("Activate"));
+    QDBusMessage call = QDBusMessage::createMethodCall(
+        serviceName(), objectPath(), QStringLiteral("org.freedesktop.Application"),
+        action.isEmpty() ? QStringLiteral("Activate") : QStringLiteral("ActivateAction"));
     QVariantMap platformData;
     if (!activationToken.isEmpty())
         platformData.insert(QStringLiteral("activation-token"), activationToken);
+    if (!action.isEmpty())
+        call << action << QVariantList();
     call << platformData;
     m_bus.connection().call(call, QDBus::Block, patience);
 }

@@ -12,6 +12,8 @@ namespace vantel {
 
 /// The program on the session bus: owns the name `org.vantel.Widgets`, and says by signals what is asked of
 /// it. Callers are answered at once, before anything has come of their call.
+///
+/// An activation token is the desktop's permission to come forward (`XDG_ACTIVATION_TOKEN`); it may be empty.
 class WidgetsService final : public QObject {
     Q_OBJECT
     Q_DISABLE_COPY_MOVE(WidgetsService)
@@ -31,10 +33,9 @@ public:
     ~WidgetsService() override;
 
     /// Takes the name, once. Later on it is taken again whenever the bus has come, or come back; where
-    /// another process was faster, this one goes on without it. `activationToken` is the desktop's permission
-    /// to come forward
-    /// (`XDG_ACTIVATION_TOKEN`), which is passed on to the running process.
-    Start start(const QString& activationToken = {});
+    /// another process was faster, this one goes on without it. What the user wants is then asked of that
+    /// process: to come forward, or the action that is named.
+    Start start(const QString& activationToken = {}, const QString& action = {});
 
     /// What `CurrentConfigurations` answers, in this order; a key may stand for several widgets and then
     /// comes several times.
@@ -42,11 +43,11 @@ public:
     const WidgetConfigurations& configurations() const { return m_configurations; }
 
 Q_SIGNALS:
-    /// Somebody started the program again. The token may be empty.
+    /// Somebody started the program again.
     void activated(const QString& activationToken);
 
     /// An action of the desktop entry; any text may come.
-    void actionRequested(const QString& action);
+    void actionRequested(const QString& action, const QString& activationToken);
 
     /// Any text may come as a kind, and any number of calls.
     void reloadRequested(const std::string& kind);
@@ -57,7 +58,7 @@ Q_SIGNALS:
 private:
     Start takeName();
     void takeNameAgain();
-    void activateOwner(const QString& activationToken);
+    void askOwner(const QString& activationToken, const QString& action);
 
     SessionBus& m_bus;
     QObject m_exported; ///< what the bus sees: the adaptors, which are its children

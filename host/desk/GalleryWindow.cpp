@@ -14,11 +14,12 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QScreen>
-#include <QScrollArea>
 #include <QScrollBar>
 #include <QStyle>
 #include <QWindow>
+#include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace vantel {
 
@@ -62,42 +63,83 @@ double rowWidth(double scale) {
 
 } // namespace
 
-GalleryWindow::GalleryWindow(const WidgetBundle& bundle, const Formats& formats,
-                             const MakePreview& makePreview, double scale, QWidget* parent)
+GalleryWindow::GalleryWindow(const WidgetBundle& bundle, const Formats& formats, MakePreview makePreview,
+                             double scale, QWidget* parent)
     : QWidget(parent, Qt::Window)
+    , m_bundle(bundle)
     , m_formats(formats)
-    , m_scale(scale)
-    , m_content(new GallerySheet(scale)) {
+    , m_makePreview(std::move(makePreview))
+    , m_scale(scale) {
     setWindowTitle(QString::fromStdString(formats.translated("Add widgets")));
-    auto* page = new QVBoxLayout(m_content);
-    const int edge = points(edgePoints);
-    const int room = GalleryTile::ringRoom(scale);
-    page->setContentsMargins(edge - room, edge - points(8), edge - room, edge);
-    page->setSpacing(points(sectionGap));
-    page->addLayout(makeHead());
-    page->addLayout(makeSections(bundle, makePreview));
-    page->addStretch();
     layOut();
-    quieten();
     resize(sizeHint());
 }
 
+/// All of it is laid out anew, and what the user has done in it is kept.
+void GalleryWindow::setScale(double scale) {
+    if (scale == m_scale)
+        return;
+    const int scrolled = m_scroll->verticalScrollBar()->value();
+    const qsizetype focused = focusedTile();
+    const QString news = m_news->text();
+    const double growth = scale / m_scale;
+    m_scale = scale;
+    layOut();
+    tell(news);
+    const QPoint room = screen()->availableGeometry().bottomRight() - frameGeometry().bottomRight();
+    const QSize largest = size() + QSize(std::max(0, room.x()), std::max(0, room.y()));
+    resize((QSizeF(size()) * growth).toSize().boundedTo(largest));
+    focusTile(focused);
+    m_scroll->verticalScrollBar()->setValue(static_cast<int>(scrolled * growth));
+}
+
+qsizetype GalleryWindow::focusedTile() const {
+    const auto tiles = m_scroll->findChildren<GalleryTile*>();
+    const auto found = std::ranges::find_if(tiles, &QWidget::hasFocus);
+    return found == tiles.end() ? -1 : std::distance(tiles.begin(), found);
+}
+
+void GalleryWindow::focusTile(qsizetype index) {
+    const auto tiles = m_scroll->findChildren<GalleryTile*>();
+    if (index >= 0 && index < tiles.size())
+        tiles[index]->setFocus();
+}
+
+QWidget* GalleryWindow::makeContent() {
+    auto* content = new GallerySheet(m_scale);
+    auto* page = new QVBoxLayout(content);
+    const int edge = points(edgePoints);
+    const int room = GalleryTile::ringRoom(m_scale);
+    page->setContentsMargins(edge - room, edge - points(8), edge - room, edge);
+    page->setSpacing(points(sectionGap));
+    page->addLayout(makeHead());
+    page->addLayout(makeSections());
+    page->addStretch();
+    return content;
+}
+
 void GalleryWindow::layOut() {
+    delete m_scroll;
+    delete m_foot;
+    delete layout();
+    m_quietTexts.clear();
     auto* all = new QVBoxLayout(this);
     all->setContentsMargins(0, 0, 0, 0);
     all->setSpacing(0);
-    all->addWidget(makeScrollArea());
+    m_scroll = makeScrollArea();
+    all->addWidget(m_scroll);
     m_foot = makeFoot();
     all->addWidget(m_foot);
     m_foot->hide();
+    quieten();
 }
 
-QWidget* GalleryWindow::makeScrollArea() {
+QScrollArea* GalleryWindow::makeScrollArea() {
     auto* scroll = new QScrollArea;
     scroll->setFrameShape(QFrame::NoFrame);
     scroll->setWidgetResizable(true);
     scroll->setFocusPolicy(Qt::NoFocus);
-    scroll->setWidget(m_content);
+    scroll->setWidget(makeContent());
     connect(scroll->verticalScrollBar(), &QScrollBar::valueChanged, this, &GalleryWindow::tellOfPointer);
     return scroll;
 }
@@ -147,12 +189,12 @@ QLayout* GalleryWindow::makeHead() {
     return head;
 }
 
-QVBoxLayout* GalleryWindow::makeSections(const WidgetBundle& bundle, const MakePreview& makePreview) {
+QVBoxLayout* GalleryWindow::makeSections() {
     auto* sections = new QVBoxLayout;
     sections->setSpacing(points(sectionGap));
     QHBoxLayout* row = nullptr;
     double used = 0;
-    for (const StaticConfiguration& configuration : bundle.widgets) {
+    for (const StaticConfiguration& configuration : m_bundle.widgets) {
         const double width = widthOf(configuration, m_scale);
         used += width + cardGap(m_scale);
         if (row == nullptr || used > rowWidth(m_scale)) {
@@ -163,14 +205,13 @@ QVBoxLayout* GalleryWindow::makeSections(const WidgetBundle& bundle, const MakeP
         } else {
             row->takeAt(row->count() - 1);
         }
-        row->addLayout(makeSection(configuration, makePreview));
+        row->addLayout(makeSection(configuration));
         row->addStretch();
     }
     return sections;
 }
 
-QLayout* GalleryWindow::makeSection(const StaticConfiguration& configuration,
-                                    const MakePreview& makePreview) {
+QLayout* GalleryWindow::makeSection(const StaticConfiguration& configuration) {
     auto* section = new QVBoxLayout;
     const int room = GalleryTile::ringRoom(m_scale);
     section->setSpacing(points(2));
@@ -183,7 +224,7 @@ QLayout* GalleryWindow::makeSection(const StaticConfiguration& configuration,
     tiles->setContentsMargins(0, points(8), 0, 0);
     tiles->setSpacing(cardGap(m_scale) - 2 * room);
     for (const WidgetFamily family : configuration.supportedFamilies)
-        tiles->addLayout(makeTile(configuration, family, makePreview(configuration, family)));
+        tiles->addLayout(makeTile(configuration, family, m_makePreview(configuration, family)));
     tiles->addStretch();
     section->addLayout(tiles);
     return section;
@@ -240,19 +281,22 @@ void GalleryWindow::quieten() {
 
 void GalleryWindow::choose(const StaticConfiguration& configuration, WidgetFamily family) {
     const std::string name = m_formats.translated(configuration.displayName.c_str());
-    m_news->setText(
-        QString::fromStdString(filled(m_formats.translated("%s is now on the desktop."), {name})));
-    m_foot->show();
+    tell(QString::fromStdString(filled(m_formats.translated("%s is now on the desktop."), {name})));
     QAccessibleEvent alert(m_news, QAccessible::Alert);
     QAccessible::updateAccessibility(&alert);
     Q_EMIT chosen(configuration.kind, family);
+}
+
+void GalleryWindow::tell(const QString& news) {
+    m_news->setText(news);
+    m_foot->setVisible(!news.isEmpty());
 }
 
 /// Wide enough that nothing has to be scrolled sideways, and not quite as high as the screen.
 QSize GalleryWindow::sizeHint() const {
     const int scrollBar = style()->pixelMetric(QStyle::PM_ScrollBarExtent) +
                           style()->pixelMetric(QStyle::PM_ScrollView_ScrollBarSpacing);
-    const QSize wanted = m_content->sizeHint() + QSize(scrollBar, 0);
+    const QSize wanted = m_scroll->widget()->sizeHint() + QSize(scrollBar, 0);
     const QSize available = screen()->availableSize();
     return wanted.boundedTo({available.width(), static_cast<int>(available.height() * largestShareOfScreen)});
 }

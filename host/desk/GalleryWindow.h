@@ -4,6 +4,7 @@
 #include "platform/Formats.h"
 
 #include <QLabel>
+#include <QScrollArea>
 #include <QVBoxLayout>
 #include <QWidget>
 #include <functional>
@@ -22,9 +23,12 @@ public:
     /// Makes a preview of a fixed size. The gallery owns it.
     using MakePreview = std::function<QWidget*(const StaticConfiguration&, WidgetFamily)>;
 
-    /// The bundle and the formats outlive the gallery.
-    GalleryWindow(const WidgetBundle& bundle, const Formats& formats, const MakePreview& makePreview,
+    /// The bundle and the formats outlive the gallery, and so does what `makePreview` refers to.
+    GalleryWindow(const WidgetBundle& bundle, const Formats& formats, MakePreview makePreview,
                   double scale = 1, QWidget* parent = nullptr);
+
+    /// Makes all previews anew for another scale. The window stays where it is, as it is.
+    void setScale(double scale);
 
     QSize sizeHint() const override;
 
@@ -37,24 +41,30 @@ protected:
 
 private:
     void layOut();
-    QWidget* makeScrollArea();
+    QWidget* makeContent();
+    QScrollArea* makeScrollArea();
+    qsizetype focusedTile() const;
+    void focusTile(qsizetype index);
     void tellOfPointer();
     QWidget* makeFoot();
     QLayout* makeHead();
-    QLayout* makeSection(const StaticConfiguration& configuration, const MakePreview& makePreview);
+    QLayout* makeSection(const StaticConfiguration& configuration);
     QLayout* makeTile(const StaticConfiguration& configuration, WidgetFamily family, QWidget* preview);
-    QVBoxLayout* makeSections(const WidgetBundle& bundle, const MakePreview& makePreview);
+    QVBoxLayout* makeSections();
     QLabel* makeText(const QString& text, double size, int weight);
     QLabel* makeQuietText(const QString& text, double size);
     void choose(const StaticConfiguration& configuration, WidgetFamily family);
+    void tell(const QString& news);
     void quieten();
     QString translated(const std::string& key) const;
     int points(double length) const;
 
+    const WidgetBundle& m_bundle;
     const Formats& m_formats;
+    MakePreview m_makePreview;
     double m_scale;
     std::vector<QLabel*> m_quietTexts;
-    QWidget* m_content;
+    QScrollArea* m_scroll = nullptr;
     QWidget* m_foot = nullptr;
     QLabel* m_news = nullptr; ///< at the foot: what was put on the desktop last
 };

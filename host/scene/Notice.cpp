@@ -26,10 +26,17 @@ TextStyle noticeStyle() {
     return {.font = {.size = 10.5, .weight = FontWeight::medium}};
 }
 
-TextBlock wrapped(const QString& text, const Look& look, double width) {
+/// As many lines as there is room for: a sentence that is cut does not say what went wrong.
+TextBlock wrapped(const QString& text, const Look& look, const QSizeF& room) {
     const TextStyle style = noticeStyle();
     const SceneFont font = sceneFont(style, look);
-    return textBlock(text, font, lineMetrics(font, style.font.size), {width, 2});
+    const LineMetrics metrics = lineMetrics(font, style.font.size);
+    return textBlock(text, font, metrics, {room.width(), static_cast<int>(room.height() / metrics.pitch)});
+}
+
+/// Inside a notice that is as large as that.
+QSizeF textRoom(const QSizeF& notice) {
+    return notice - 2 * QSizeF(horizontalPadding, verticalPadding);
 }
 
 } // namespace
@@ -47,10 +54,9 @@ void Notice::say(const QString& text, const Look& look) {
     m_look = look;
     setAccessibleName(m_text);
     const double scale = look.scale;
-    const double width = parentWidget()->width() / scale - 2 * edge;
-    const double height =
-        wrapped(m_text, look, width - 2 * horizontalPadding).size().height() + 2 * verticalPadding;
-    const QRectF place(edge, parentWidget()->height() / scale - edge - height, width, height);
+    const QSizeF largest = QSizeF(parentWidget()->size()) / scale - 2 * QSizeF(edge, edge);
+    const double height = wrapped(m_text, look, textRoom(largest)).size().height() + 2 * verticalPadding;
+    const QRectF place(edge, edge + largest.height() - height, largest.width(), height);
     setGeometry(QRectF(place.topLeft() * scale, place.size() * scale).toAlignedRect());
     show();
     raise();
@@ -67,7 +73,7 @@ void Notice::paintEvent(QPaintEvent*) {
     painter.setBrush(QColor::fromRgba(ink));
     painter.drawRoundedRect(area.adjusted(0.5, 0.5, -0.5, -0.5), cornerRadius, cornerRadius);
     painter.setPen(QColor::fromRgba(paper));
-    const TextBlock block = wrapped(m_text, m_look, area.width() - 2 * horizontalPadding);
+    const TextBlock block = wrapped(m_text, m_look, textRoom(area.size()) + QSizeF(0, 1));
     double baseline = verticalPadding + block.metrics.ascent;
     for (const TextLine& line : block.lines) {
         drawLine(painter, {(area.width() - line.width) / 2, baseline}, line);

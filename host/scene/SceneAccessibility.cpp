@@ -35,18 +35,32 @@ private:
     ActionArea* m_area;
 };
 
-/// A card holds its texts, links and buttons, and is a link itself.
+/// A card holds its texts, links and buttons, and is a link itself. One that is disabled is a picture of a
+/// card, where nothing can be pressed.
 class AccessibleCard final : public QAccessibleWidget {
 public:
     explicit AccessibleCard(CardWidget* card)
         : QAccessibleWidget(card, QAccessible::Grouping)
         , m_card(card) {}
 
+    QAccessible::Role role() const override {
+        return m_card->isEnabled() ? QAccessible::Grouping : QAccessible::Graphic;
+    }
+
+    int childCount() const override { return m_card->isEnabled() ? QAccessibleWidget::childCount() : 0; }
+
+    QAccessibleInterface* child(int index) const override {
+        return m_card->isEnabled() ? QAccessibleWidget::child(index) : nullptr;
+    }
+
     QStringList actionNames() const override {
-        return QStringList{pressAction()} + QAccessibleWidget::actionNames();
+        return m_card->isEnabled() ? QStringList{pressAction()} + QAccessibleWidget::actionNames()
+                                   : QStringList{};
     }
 
     void doAction(const QString& name) override {
+        if (!m_card->isEnabled())
+            return;
         if (name == pressAction())
             m_card->openOwnLink();
         else

@@ -8,14 +8,20 @@ namespace vantel {
 
 namespace {
 
+/// In wide fonts and long languages the words become smaller before any is cut.
+constexpr double smallestWords = 0.75;
+
+TextStyle words(double size, const TokenColor& color) {
+    return {.font = {size}, .color = color, .lineLimit = 1, .minimumScaleFactor = smallestWords};
+}
+
 Element recapRow(std::int64_t value, const std::string& label, const std::string& delta) {
     const std::string number = std::to_string(value);
-    std::vector<Element> texts = {
-        {Text{number, {.font = {16, FontWeight::semibold}, .lineLimit = 1}}},
-        {Text{label, {.font = {12}, .color = WTokens::textSecondary, .lineLimit = 1}}}};
+    std::vector<Element> texts = {{Text{number, {.font = {16, FontWeight::semibold}, .lineLimit = 1}}},
+                                  {Text{label, words(12, WTokens::textSecondary)}}};
     if (!delta.empty()) {
         texts.push_back({Spacer{}});
-        texts.push_back({Text{delta, {.font = {11}, .color = WTokens::textTertiary, .lineLimit = 1}}});
+        texts.push_back({Text{delta, words(11, WTokens::textTertiary)}});
     }
     return {
         Row{.children = std::move(texts), .alignment = VerticalAlignment::firstTextBaseline, .spacing = 6}};

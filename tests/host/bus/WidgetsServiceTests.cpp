@@ -31,9 +31,10 @@ protected:
         QObject::connect(&service, &WidgetsService::activated, [this](const QString& token) {
             heard.push_back("activated " + token.toStdString());
         });
-        QObject::connect(&service, &WidgetsService::actionRequested, [this](const QString& action) {
-            heard.push_back("action " + action.toStdString());
-        });
+        QObject::connect(&service, &WidgetsService::actionRequested,
+                         [this](const QString& action, const QString& token) {
+                             heard.push_back("action " + action.toStdString() + token.toStdString());
+                         });
     }
 
     PrivateBus privateBus;
@@ -127,20 +128,24 @@ TEST_F(WidgetsServiceTest, AFloodOfCallsIsServed) {
     EXPECT_TRUE(waitUntil([this] { return heard.size() == 10'000; }));
 }
 
-TEST_F(WidgetsServiceTest, ASecondProcessWakesTheFirstAndKnowsThatItRuns) {
+TEST_F(WidgetsServiceTest, ASecondProcessAsksTheFirstForWhatItWasStartedForAndKnowsThatItRuns) {
     ASSERT_EQ(service.start(), WidgetsService::Start::owned);
-    std::atomic<bool> isDone = false;
-    auto second = WidgetsService::Start::noBus;
-    std::thread process([&] {
-        SessionBus itsBus(privateBus.address());
-        second = WidgetsService(itsBus).start(u"T2"_s);
-        isDone = true;
-    });
-    EXPECT_TRUE(waitUntil([&isDone] { return isDone.load(); }));
-    process.join();
-    EXPECT_EQ(second, WidgetsService::Start::alreadyRunning);
-    EXPECT_EQ(heard, std::vector<std::string>{"activated T2"});
-    EXPECT_TRUE(peer.seesService());
+    for (const auto& [action, asked] :
+         {std::pair(QString(), "activated T2"), std::pair(u"gallery"_s, "action galleryT2")}) {
+        heard.clear();
+        std::atomic<bool> isDone = false;
+        auto second = WidgetsService::Start::noBus;
+        std::thread process([&, wanted = action] {
+            SessionBus itsBus(privateBus.address());
+            second = WidgetsService(itsBus).start(u"T2"_s, wanted);
+            isDone = true;
+        });
+        EXPECT_TRUE(waitUntil([&isDone] { return isDone.load(); }));
+        process.join();
+        EXPECT_EQ(second, WidgetsService::Start::alreadyRunning);
+        EXPECT_EQ(heard, std::vector<std::string>{asked});
+        EXPECT_TRUE(peer.seesService());
+    }
 }
 
 TEST_F(WidgetsServiceTest, TheNameIsTakenAgainWhenTheBusHasComeBack) {

@@ -58,6 +58,9 @@ class SettingsPortal:
     def darken(self, is_dark):
         self.change(self.color_scheme, GLib.Variant("u", 1 if is_dark else 2))
 
+    def leave_colours_open(self):
+        self.change(self.color_scheme, GLib.Variant("u", 0))
+
     def heighten_contrast(self, is_high):
         self.change(self.contrast, GLib.Variant("u", 1 if is_high else 0))
 

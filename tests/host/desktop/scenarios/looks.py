@@ -16,6 +16,11 @@ def a_dark_desktop_darkens_the_cards_at_once(desktop):
     for now_dark in (True, False):
         portal.darken(now_dark)
         wait_for(lambda: is_dark() == now_dark, "a dark card" if now_dark else "a light card")
+    for _ in range(2):
+        portal.darken(True)
+        wait_for(is_dark, "a dark card again")
+        portal.leave_colours_open()
+        wait_for(lambda: not is_dark(), "the light card of a desktop that is light by itself")
 
 
 def a_desktop_of_high_contrast_blackens_the_texts_at_once(desktop):
