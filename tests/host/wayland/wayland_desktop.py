@@ -23,6 +23,16 @@ seat * hide_cursor 0
 """
 
 
+def make_folder_for_sockets():
+    """Systems that were never booted, as containers, lack it. Compositors make one then that not all of them accept."""
+    folder = pathlib.Path("/tmp/.X11-unix")
+    try:
+        folder.mkdir()
+        folder.chmod(0o1777)
+    except FileExistsError:
+        pass
+
+
 def sway_version():
     """The major and the minor version of sway."""
     answer = subprocess.run(["sway", "--version"], stdout=subprocess.PIPE, text=True, check=True).stdout
@@ -47,6 +57,7 @@ class WaylandDesktop(Desktop):
         try:
             if shutil.which(self.program) is None:
                 raise Skipped(f"{self.program} is not installed")
+            make_folder_for_sockets()
             self.start_compositor()
             self.start_bus()
         except Exception:
@@ -242,18 +253,7 @@ class DesktopWithoutLayers(WaylandDesktop):
     program = "mutter"
     width, height = 1280, 800
 
-    @staticmethod
-    def make_folder_for_sockets():
-        """Where systems without a boot, as containers are, lack it. The compositor makes one that it refuses itself."""
-        folder = pathlib.Path("/tmp/.X11-unix")
-        try:
-            folder.mkdir()
-            folder.chmod(0o1777)
-        except FileExistsError:
-            pass
-
     def start_compositor(self):
-        self.make_folder_for_sockets()
         log, bus = self.place / "log", f"unix:path={self.runtime}/bus"
         self.start_as_nobody("dbus-daemon", "--session", "--nofork", f"--address={bus}")
         wait_for((self.runtime / "bus").exists, "a bus for the compositor")

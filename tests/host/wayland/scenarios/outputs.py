@@ -1,0 +1,90 @@
+"""What becomes of the widgets when outputs come, change and go."""
+from desktop import expect, wait_for
+from sessions import arrange_on_two_outputs, on, start, still_day
+from wayland_desktop import PluggableDesktop
+
+
+def on_output(desktop, placement, output):
+    """Where a card is, and a point of the desktop beside it."""
+    rectangle = desktop.outputs()[output]
+    width = 364 if placement["family"] == "systemMedium" else 170
+    left = rectangle["x"] + (placement["horizontal"] if placement["corner"].endswith("Left")
+                             else rectangle["width"] - placement["horizontal"] - width)
+    top = rectangle["y"] + (placement["vertical"] if placement["corner"].startswith("top")
+                            else rectangle["height"] - placement["vertical"] - 170)
+    return left, top, width, 170
+
+
+def all_stand(desktop, owners):
+    """Whether each widget is drawn on the output that has it, and nothing beside it. Owners are names of outputs."""
+    active = desktop.outputs()
+    for placement, output in zip(desktop.placements(), owners):
+        if output not in active:
+            return False
+        left, top, width, height = on_output(desktop, placement, output)
+        beside = [desktop.color(left + width + 1, top + height // 2), desktop.color(left - 2, top + height // 2)]
+        if len(set(desktop.picture(left, top, width, height))) < 20 or desktop.color(left + 40, top + 3) in beside:
+            return False
+    return True
+
+
+def expect_flat(desktop, memory):
+    """Nothing that grows for as long as the program runs. The first turns fill caches."""
+    warm = memory[len(memory) // 3]
+    desktop.figure(f"{len(memory)} turns; {memory[0]} bytes, {warm}, {memory[-1]}")
+    expect(memory[-1] - warm < 6_000_000, f"the memory grew from {warm} to {memory[-1]}")
+
+
+@on(PluggableDesktop)
+def widgets_come_back_whatever_happens_to_outputs(desktop):
+    first, second = arrange_on_two_outputs(desktop)
+    desktop.write_snapshot(still_day(desktop))
+    process = desktop.start(desktop.widgets)
+    saved = desktop.placements()
+
+    def check(what):
+        wait_for(lambda: all_stand(desktop, [first, first, second, second]), f"four cards after {what}")
+        expect(process.poll() is None, f"the program ended after {what}")
+    check("the start")
+    memory = []
+    for turn in range(200 if desktop.is_long else 30):
+        if turn % 4 == 3:
+            desktop.unplug(second)
+            wait_for(lambda: all_stand(desktop, [first, first]), "two cards on the other output")
+            second = desktop.plug()
+        else:
+            desktop.tell("output", second, "scale", ["1.5", "2", "1"][turn % 4])
+        check(f"change {turn}")
+        memory.append(desktop.memory(process))
+    expect(desktop.placements() == saved, f"the placements are {desktop.placements()}")
+    expect_flat(desktop, memory)
+
+
+@on(PluggableDesktop)
+def widgets_come_back_after_there_was_no_output(desktop):
+    process = start(desktop)
+    saved, memory, output = desktop.placements(), [], [*desktop.outputs()][0]
+    for turn in range(100 if desktop.is_long else 10):
+        desktop.unplug(output)
+        output = desktop.plug()
+        wait_for(lambda: all_stand(desktop, [output] * 4), f"four cards after turn {turn}")
+        expect(process.poll() is None, f"the program ended after turn {turn}")
+        memory.append(desktop.memory(process))
+    expect(desktop.placements() == saved, f"the placements are {desktop.placements()}")
+    expect_flat(desktop, memory)
+
+
+@on(PluggableDesktop)
+def a_widget_can_be_dragged_to_another_output(desktop):
+    first, second = arrange_on_two_outputs(desktop)
+    desktop.write_snapshot(still_day(desktop))
+    desktop.start(desktop.widgets)
+    wait_for(lambda: all_stand(desktop, [first, first, second, second]), "four cards")
+    desktop.resize()
+    triage = desktop.placements()[1]
+    left, top, _, _ = on_output(desktop, triage, first)
+    middle = desktop.outputs()[second]["x"] + 600, 300
+    desktop.drag((left + 120, top + 150), (middle[0] + 35, middle[1] + 65))
+    wait_for(lambda: desktop.placements()[1]["monitor"]["name"] == second, "a placement on the other output")
+    desktop.leave()
+    wait_for(lambda: all_stand(desktop, [first, second, second, second]), "four cards after the drag")
