@@ -219,6 +219,11 @@ class PluggableDesktop(WaylandDesktop):
             self.tell("output", output, "unplug")
         wait_for(lambda: output not in self.outputs(), "an output fewer")
 
+    def enable(self, output):
+        """Makes an output show something again, and returns its name."""
+        self.tell("output", output, "enable")
+        return wait_for(lambda: output in self.outputs() and output, "an output more")
+
     def plug(self):
         """Plugs in an output, and returns its name."""
         before = self.outputs().keys()

@@ -1,5 +1,7 @@
 """What becomes of the widgets when outputs come, change and go."""
-from desktop import expect, wait_for
+import re
+
+from desktop import Skipped, expect, wait_for
 from sessions import arrange_on_two_outputs, on, start, still_day
 from wayland_desktop import PluggableDesktop
 
@@ -48,12 +50,14 @@ def widgets_come_back_whatever_happens_to_outputs(desktop):
     check("the start")
     memory = []
     for turn in range(200 if desktop.is_long else 30):
-        if turn % 4 == 3:
+        change = ("scale 1.5", "scale 2", "scale 1", "disable", "unplug")[turn % 5]
+        if change == "unplug":
             desktop.unplug(second)
-            wait_for(lambda: all_stand(desktop, [first, first]), "two cards on the other output")
-            second = desktop.plug()
         else:
-            desktop.tell("output", second, "scale", ["1.5", "2", "1"][turn % 4])
+            desktop.tell("output", second, *change.split())
+        if change in ("disable", "unplug"):
+            wait_for(lambda: all_stand(desktop, [first, first]), "two cards on the other output")
+            second = desktop.plug() if change == "unplug" else desktop.enable(second)
         check(f"change {turn}")
         memory.append(desktop.memory(process))
     expect(desktop.placements() == saved, f"the placements are {desktop.placements()}")
@@ -88,3 +92,32 @@ def a_widget_can_be_dragged_to_another_output(desktop):
     wait_for(lambda: desktop.placements()[1]["monitor"]["name"] == second, "a placement on the other output")
     desktop.leave()
     wait_for(lambda: all_stand(desktop, [first, second, second, second]), "four cards after the drag")
+
+
+def pictures(log):
+    """The sizes of what the surfaces of a program show, of which the log has the requests."""
+    sizes, shown = {}, {}
+    for request in re.finditer(r"-> (\w+)[#@](\d+)\.(create_buffer|attach|destroy)\((.*)\)", log):
+        kind, number, name, arguments = request.groups()
+        values = re.findall(r"\w+(?=,|$)", arguments)
+        if name == "create_buffer":
+            sizes[values[0]] = (int(values[2]), int(values[3]))
+        elif kind == "wl_surface" and name == "attach":
+            shown[number] = sizes.get(values[0])
+        elif kind == "wl_surface":
+            shown.pop(number, None)
+    return sorted(each for each in shown.values() if each)
+
+
+def cards_have_the_pixels_that_a_fractional_scale_asks_for(desktop):
+    if "wp_fractional_scale_manager_v1" not in desktop.devices.offered:
+        raise Skipped("this compositor has whole scales only")
+    output, log = next(iter(desktop.outputs())), desktop.folder / "log"
+    desktop.environment["WAYLAND_DEBUG"] = "client"
+    desktop.write_snapshot(still_day(desktop))
+    with log.open("w") as requests:
+        desktop.start(desktop.widgets, stderr=requests)
+    for scale, height, width in (("1.5", 327, 618), ("1", 218, 412), ("1.5", 327, 618), ("2", 436, 824)):
+        desktop.tell("output", output, "scale", scale)
+        cards = [(height, height)] * 2 + [(width, height)] * 2
+        wait_for(lambda cards=cards: pictures(log.read_text()) == cards, f"pictures of {cards} at a scale of {scale}")
