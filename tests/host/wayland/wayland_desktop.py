@@ -8,7 +8,7 @@ import signal
 import subprocess
 import tempfile
 
-from desktop import Desktop, Skipped, wait_for
+from desktop import Desktop, Skipped, expect, wait_for
 from virtual_devices import LEFT, RIGHT, VirtualDevices
 
 NOBODY = 65534
@@ -155,9 +155,17 @@ class WaylandDesktop(Desktop):
     def picture(self, left=0, top=0, width=None, height=None):
         place = f"{left},{top} {width or self.width}x{height or self.height}"
         command = ["grim", "-t", "ppm", "-s", "1", "-g", place, "-"]
-        found = subprocess.run(command, env=self.environment, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL,
-                               check=False).stdout
+        found = self.answer(command)
+        expect(found is not None, f"no answer to {command}")
         return found.split(b"\n255\n", 1)[-1]
+
+    def answer(self, command, seconds=15):
+        """What a command prints, if it ends in time."""
+        try:
+            return subprocess.run(command, env=self.environment, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL,
+                                  check=False, timeout=seconds).stdout
+        except subprocess.TimeoutExpired:
+            return None
 
     def color(self, x, y):
         return self.picture(x, y, 1, 1)
@@ -219,10 +227,21 @@ class PluggableDesktop(WaylandDesktop):
             self.tell("output", output, "unplug")
         wait_for(lambda: output not in self.outputs(), "an output fewer")
 
+    def disable(self, output):
+        self.tell("output", output, "disable")
+        wait_for(lambda: output not in self.outputs(), "an output fewer")
+
     def enable(self, output):
-        """Makes an output show something again, and returns its name."""
+        """Makes an output show something again, and returns its name. Newer ones of sway may draw nothing on such an output
+        until they are told something else about it."""
         self.tell("output", output, "enable")
-        return wait_for(lambda: output in self.outputs() and output, "an output more")
+        wait_for(lambda: output in self.outputs(), "an output more")
+        wait_for(lambda: self.is_nested or self.draws(output), "an output that shows something")
+        return output
+
+    def draws(self, output):
+        self.tell("output", output, "mode", "1280x720")
+        return self.answer(["grim", "-o", output, "-"], seconds=1) is not None
 
     def plug(self):
         """Plugs in an output, and returns its name."""

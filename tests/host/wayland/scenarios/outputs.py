@@ -51,13 +51,12 @@ def widgets_come_back_whatever_happens_to_outputs(desktop):
     memory = []
     for turn in range(200 if desktop.is_long else 30):
         change = ("scale 1.5", "scale 2", "scale 1", "disable", "unplug")[turn % 5]
-        if change == "unplug":
-            desktop.unplug(second)
-        else:
-            desktop.tell("output", second, *change.split())
         if change in ("disable", "unplug"):
+            getattr(desktop, change)(second)
             wait_for(lambda: all_stand(desktop, [first, first]), "two cards on the other output")
             second = desktop.plug() if change == "unplug" else desktop.enable(second)
+        else:
+            desktop.tell("output", second, *change.split())
         check(f"change {turn}")
         memory.append(desktop.memory(process))
     expect(desktop.placements() == saved, f"the placements are {desktop.placements()}")
