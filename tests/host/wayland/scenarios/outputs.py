@@ -116,7 +116,7 @@ def cards_have_the_pixels_that_a_fractional_scale_asks_for(desktop):
     desktop.write_snapshot(still_day(desktop))
     with log.open("w") as requests:
         desktop.start(desktop.widgets, stderr=requests)
-    for scale, height, width in (("1.5", 327, 618), ("1", 218, 412), ("1.5", 327, 618), ("2", 436, 824)):
+    for scale, height, width in (("1.5", 330, 618), ("1", 220, 412), ("1.25", 275, 515), ("2", 440, 824)):
         desktop.tell("output", output, "scale", scale)
         cards = [(height, height)] * 2 + [(width, height)] * 2
         wait_for(lambda cards=cards: pictures(log.read_text()) == cards, f"pictures of {cards} at a scale of {scale}")
