@@ -204,8 +204,8 @@ class WaylandDesktop(Desktop):
 
 
 class PluggableDesktop(WaylandDesktop):
-    """A session whose outputs can be unplugged. Before sway 1.8 those of a compositor without a screen cannot, so there
-    they are windows of another compositor, which can be closed."""
+    """A session whose outputs can be unplugged and switched off. Before sway 1.8 those of a compositor without a screen
+    can be neither, so there they are windows of another compositor, which can at least be closed."""
 
     def start_compositor(self):
         self.is_nested = sway_version() < (1, 8)
@@ -225,18 +225,18 @@ class PluggableDesktop(WaylandDesktop):
                            stdout=subprocess.DEVNULL, check=True)
         else:
             self.tell("output", output, "unplug")
-        wait_for(lambda: output not in self.outputs(), "an output fewer")
+        wait_for(lambda: output not in self.outputs(), f"{output} gone")
 
     def disable(self, output):
         self.tell("output", output, "disable")
-        wait_for(lambda: output not in self.outputs(), "an output fewer")
+        wait_for(lambda: output not in self.outputs(), f"{output} gone")
 
     def enable(self, output):
         """Makes an output show something again, and returns its name. Newer ones of sway may draw nothing on such an output
         until they are told something else about it."""
         self.tell("output", output, "enable")
         wait_for(lambda: output in self.outputs(), "an output more")
-        wait_for(lambda: self.is_nested or self.draws(output), "an output that shows something")
+        wait_for(lambda: self.draws(output), "an output that shows something")
         return output
 
     def draws(self, output):
