@@ -2,6 +2,7 @@
 
 #include "host/scene/Look.h"
 #include "host/surface/CardShadow.h"
+#include "host/surface/WholePixels.h"
 
 #include <QApplication>
 #include <QContextMenuEvent>
@@ -79,7 +80,7 @@ void CardWindow::setScale(double scale) {
 void CardWindow::layOut() {
     const QSize margins(2 * shadowReach(m_scale), 2 * shadowReach(m_scale));
     m_card->move(shadowOffset());
-    setFixedSize(m_card->size() + margins);
+    setFixedSize(inWholePixels(m_card->size() + margins));
     shapeCard();
 }
 

@@ -1,5 +1,7 @@
 #include "host/surface/LayerMenu.h"
 
+#include "host/surface/WholePixels.h"
+
 #include <QGuiApplication>
 #include <QScreen>
 #include <QWindow>
@@ -27,7 +29,8 @@ LayerMenu::LayerMenu(QMenu& menu, const WaylandConnection& connection, QScreen& 
     , m_menu(menu)
     , m_window(menu, connection) {
     menu.ensurePolished();
-    const QSize size = menu.sizeHint();
+    const QSize size = inWholePixels(menu.sizeHint());
+    menu.setMinimumSize(size);
     m_place = menuPosition(place, size, screen.geometry());
     connect(&m_window, &LayerWindow::ready, this, &LayerMenu::open);
     connect(&m_window, &LayerWindow::closed, &menu, &QWidget::close);

@@ -108,8 +108,8 @@ class Desktop:
         (self.folder / "bus").unlink()
 
     def start(self, *words, **options):
-        options.setdefault("stdout", subprocess.DEVNULL)
-        process = subprocess.Popen(words, env=self.environment, stderr=subprocess.DEVNULL, **options)
+        options = {"stdout": subprocess.DEVNULL, "stderr": subprocess.DEVNULL, **options}
+        process = subprocess.Popen(words, env=self.environment, **options)
         self.processes.append(process)
         return process
 

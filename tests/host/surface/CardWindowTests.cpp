@@ -75,8 +75,8 @@ struct CardWindowTest : ::testing::Test {
     QMenu* menu() const { return window->findChild<QMenu*>(); }
 };
 
-TEST_F(CardWindowTest, StandsAroundItsCard) {
-    EXPECT_EQ(window->geometry(), QRect(76, 56, 218, 218));
+TEST_F(CardWindowTest, StandsAroundItsCardInWholePixelsOfAnyScale) {
+    EXPECT_EQ(window->geometry(), QRect(76, 56, 220, 220));
     EXPECT_EQ(window->cardGeometry(), QRect(100, 80, 170, 170));
     EXPECT_TRUE(window->isVisible());
 }
@@ -93,7 +93,7 @@ TEST_F(CardWindowTest, FollowsTheSizeOfItsCard) {
 TEST_F(CardWindowTest, AScaleWidensTheShadowAndLeavesTheCard) {
     window->setScale(1.5);
     EXPECT_EQ(window->cardGeometry(), QRect(100, 80, 170, 170));
-    EXPECT_EQ(window->width(), 170 + 2 * 36);
+    EXPECT_EQ(window->width(), 170 + 2 * 36 + 2);
 }
 
 TEST_F(CardWindowTest, AClickReachesWhatItHits) {

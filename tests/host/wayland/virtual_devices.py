@@ -34,7 +34,7 @@ class VirtualDevices:
         self.socket.connect(str(path))
         self.last = DISPLAY
         self.registry = self.make(DISPLAY, 1)
-        offered = self.wait()
+        self.offered = offered = self.wait()
         seat = self.bind(offered, "wl_seat", 1)
         self.pointer = self.make(self.bind(offered, "zwlr_virtual_pointer_manager_v1", 1), 0, words(seat))
         self.keyboard = self.make(self.bind(offered, "zwp_virtual_keyboard_manager_v1", 1), 0, words(seat))

@@ -8,7 +8,7 @@ import signal
 import subprocess
 import tempfile
 
-from desktop import Desktop, Skipped, wait_for
+from desktop import Desktop, Skipped, expect, wait_for
 from virtual_devices import LEFT, RIGHT, VirtualDevices
 
 NOBODY = 65534
@@ -21,6 +21,16 @@ default_border none
 focus_follows_mouse no
 seat * hide_cursor 0
 """
+
+
+def make_folder_for_sockets():
+    """Systems that were never booted, as containers, lack it. Compositors make one then that not all of them accept."""
+    folder = pathlib.Path("/tmp/.X11-unix")
+    try:
+        folder.mkdir()
+        folder.chmod(0o1777)
+    except FileExistsError:
+        pass
 
 
 def sway_version():
@@ -47,6 +57,7 @@ class WaylandDesktop(Desktop):
         try:
             if shutil.which(self.program) is None:
                 raise Skipped(f"{self.program} is not installed")
+            make_folder_for_sockets()
             self.start_compositor()
             self.start_bus()
         except Exception:
@@ -144,9 +155,17 @@ class WaylandDesktop(Desktop):
     def picture(self, left=0, top=0, width=None, height=None):
         place = f"{left},{top} {width or self.width}x{height or self.height}"
         command = ["grim", "-t", "ppm", "-s", "1", "-g", place, "-"]
-        found = subprocess.run(command, env=self.environment, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL,
-                               check=False).stdout
+        found = self.answer(command)
+        expect(found is not None, f"no answer to {command}")
         return found.split(b"\n255\n", 1)[-1]
+
+    def answer(self, command, seconds=15):
+        """What a command prints, if it ends in time."""
+        try:
+            return subprocess.run(command, env=self.environment, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL,
+                                  check=False, timeout=seconds).stdout
+        except subprocess.TimeoutExpired:
+            return None
 
     def color(self, x, y):
         return self.picture(x, y, 1, 1)
@@ -185,8 +204,8 @@ class WaylandDesktop(Desktop):
 
 
 class PluggableDesktop(WaylandDesktop):
-    """A session whose outputs can be unplugged. Before sway 1.8 those of a compositor without a screen cannot, so there
-    they are windows of another compositor, which can be closed."""
+    """A session whose outputs can be unplugged and switched off. Before sway 1.8 those of a compositor without a screen
+    can be neither, so there they are windows of another compositor, which can at least be closed."""
 
     def start_compositor(self):
         self.is_nested = sway_version() < (1, 8)
@@ -206,7 +225,23 @@ class PluggableDesktop(WaylandDesktop):
                            stdout=subprocess.DEVNULL, check=True)
         else:
             self.tell("output", output, "unplug")
-        wait_for(lambda: output not in self.outputs(), "an output fewer")
+        wait_for(lambda: output not in self.outputs(), f"{output} gone")
+
+    def disable(self, output):
+        self.tell("output", output, "disable")
+        wait_for(lambda: output not in self.outputs(), f"{output} gone")
+
+    def enable(self, output):
+        """Makes an output show something again, and returns its name. Newer ones of sway may draw nothing on such an output
+        until they are told something else about it."""
+        self.tell("output", output, "enable")
+        wait_for(lambda: output in self.outputs(), "an output more")
+        wait_for(lambda: self.draws(output), "an output that shows something")
+        return output
+
+    def draws(self, output):
+        self.tell("output", output, "mode", "1280x720")
+        return self.answer(["grim", "-o", output, "-"], seconds=1) is not None
 
     def plug(self):
         """Plugs in an output, and returns its name."""
