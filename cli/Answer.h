@@ -1,6 +1,7 @@
 #pragma once
 
 #include "cli/Command.h"
+#include "cli/TerminalJson.h"
 #include "platform/JsonWriter.h"
 
 namespace vantel {
@@ -15,7 +16,7 @@ CommandResult answer(OutputForm form, std::string text, WriteJson writeJson) {
     auto document = json.finish();
     if (!document)
         return failed("answer", document.error());
-    return *document + "\n";
+    return terminalJson(*document) + "\n";
 }
 
 /// The answer of a command that only does something: `{}`.
@@ -27,7 +28,7 @@ inline CommandResult done(OutputForm form, std::string text) {
 inline CommandResult documentAnswer(const Result<std::string>& document) {
     if (!document)
         return failed("answer", document.error());
-    return *document + "\n";
+    return terminalJson(*document) + "\n";
 }
 
 } // namespace vantel

@@ -22,7 +22,7 @@ CommandResult listJson(const std::vector<WidgetJournalEntry>& entries) {
             return failed("journal list", line.error());
         json += (json.size() == 1 ? "" : ",") + *line;
     }
-    return json + "]\n";
+    return documentAnswer(json + "]");
 }
 
 } // namespace

@@ -1,118 +1,18 @@
 #include "core/SnapshotDocument.h"
-
-#include <algorithm>
+#include "tests/core/SnapshotFields.h"
 
 #include <gtest/gtest.h>
 
 namespace vantel {
 namespace {
 
-/// What a field of a document may hold.
-enum class Type { text, integer, number, boolean, url, kind, array, object };
+using namespace testing;
 
-enum class Presence { required, optional };
-
-struct Field {
-    std::string key;
-    Type type;
-    Presence presence;
-};
-
-/// One record, its fields in the order of their declaration, and where it stands in a document.
-struct Record {
-    std::string name;
-    std::string path;
-    std::vector<Field> fields;
-
-    friend void PrintTo(const Record& record, std::ostream* stream) { *stream << record.name; }
-};
-
-constexpr auto required = Presence::required;
-constexpr auto optional = Presence::optional;
-
-const Record snapshotRecord = {.name = "snapshot",
-                               .path = "",
-                               .fields = {{"version", Type::integer, required},
-                                          {"accountID", Type::text, optional},
-                                          {"generatedAt", Type::number, required},
-                                          {"lastSyncAt", Type::number, optional},
-                                          {"tasks", Type::array, required},
-                                          {"triageCount", Type::integer, required},
-                                          {"snoozedCount", Type::integer, required},
-                                          {"events", Type::array, required},
-                                          {"allDayChips", Type::array, required},
-                                          {"horizon", Type::array, required},
-                                          {"recap", Type::object, optional}}};
-
-const Record taskRecord = {.name = "task",
-                           .path = "tasks[0].",
-                           .fields = {{"id", Type::text, required},
-                                      {"summary", Type::text, required},
-                                      {"deadline", Type::number, optional},
-                                      {"deadlineImplied", Type::boolean, optional},
-                                      {"priorityRank", Type::integer, required},
-                                      {"priorityScore", Type::number, required},
-                                      {"completedAt", Type::number, optional}}};
-
-const Record eventRecord = {.name = "event",
-                            .path = "events[0].",
-                            .fields = {{"id", Type::text, required},
-                                       {"title", Type::text, required},
-                                       {"start", Type::number, required},
-                                       {"end", Type::number, optional},
-                                       {"location", Type::text, optional},
-                                       {"joinURL", Type::url, optional},
-                                       {"joinProvider", Type::text, optional},
-                                       {"linkedOpenTaskCount", Type::integer, required}}};
-
-const Record chipRecord = {
-    .name = "chip", .path = "allDayChips[0].", .fields = {{"text", Type::text, required}}};
-
-const Record horizonRecord = {.name = "horizonItem",
-                              .path = "horizon[0].",
-                              .fields = {{"id", Type::text, required},
-                                         {"day", Type::number, required},
-                                         {"label", Type::text, required},
-                                         {"subject", Type::text, required},
-                                         {"kind", Type::kind, required},
-                                         {"endDay", Type::number, optional}}};
-
-const Record recapRecord = {.name = "recap",
-                            .path = "recap.",
-                            .fields = {{"received", Type::integer, required},
-                                       {"processed", Type::integer, required},
-                                       {"actionItems", Type::integer, required},
-                                       {"spamFiltered", Type::integer, required},
-                                       {"tasksCompleted", Type::integer, required},
-                                       {"previousProcessed", Type::integer, required}}};
-
-std::string goodValue(Type type) {
+std::vector<std::string> wrongValues(FieldType type) {
     switch (type) {
-    case Type::text:
-        return R"("text")";
-    case Type::integer:
-        return "3";
-    case Type::number:
-        return "0.5";
-    case Type::boolean:
-        return "true";
-    case Type::url:
-        return R"("https://zoom.us/j/1")";
-    case Type::kind:
-        return R"("absence")";
-    case Type::array:
-        return "[]";
-    case Type::object:
-        return R"({"received":1,"processed":1,"actionItems":1,"spamFiltered":1,"tasksCompleted":1,"previousProcessed":1})";
-    }
-    return {};
-}
-
-std::vector<std::string> wrongValues(Type type) {
-    switch (type) {
-    case Type::text:
+    case FieldType::text:
         return {"1", "true", "[]", "{}", R"(["text"])"};
-    case Type::integer:
+    case FieldType::integer:
         return {R"("3")",
                 "true",
                 "false",
@@ -123,50 +23,21 @@ std::vector<std::string> wrongValues(Type type) {
                 "9223372036854775808",
                 "-9223372036854775809",
                 "1e999"};
-    case Type::number:
+    case FieldType::number:
         return {R"("0.5")", "true", "false", "[]", "{}", "1e999", R"("2026-01-01T00:00:00Z")"};
-    case Type::boolean:
+    case FieldType::boolean:
         return {R"("true")", "0", "1", "[]", "{}"};
-    case Type::url:
+    case FieldType::url:
         return {
             "1", "true", "[]", "{}", R"("")", R"("zoom.us/j/1")", R"("https://zoom us")", R"("//zoom.us")"};
-    case Type::kind:
+    case FieldType::kind:
         return {"0", "true", "[]", "{}", R"("")", R"("Absence")", R"("holiday")"};
-    case Type::array:
+    case FieldType::array:
         return {R"("[]")", "0", "true", "{}", "[1]", "[null]", "[[]]", "[{}]"};
-    case Type::object:
+    case FieldType::object:
         return {R"("{}")", "0", "true", "[]", "{}"};
     }
     return {};
-}
-
-/// Exchanges for a record's values, by key; an empty one leaves the key out.
-using Exchanges = std::vector<std::pair<std::string, std::string>>;
-
-enum class Order { declared, reversed };
-
-std::string objectOf(const Record& record, const Exchanges& exchanges, Order order = Order::declared) {
-    std::vector<std::string> members;
-    for (const Field& field : record.fields) {
-        const auto exchange = std::ranges::find(exchanges, field.key, &Exchanges::value_type::first);
-        const std::string value = exchange == exchanges.end() ? goodValue(field.type) : exchange->second;
-        if (!value.empty())
-            members.push_back("\"" + field.key + "\":" + value);
-    }
-    if (order == Order::reversed)
-        std::ranges::reverse(members);
-    std::string object;
-    for (const std::string& member : members)
-        object += (object.empty() ? "" : ",") + member;
-    return "{" + object + "}";
-}
-
-/// A document with that one record in its place.
-std::string documentWith(const Record& record, const std::string& object) {
-    if (record.path.empty())
-        return object;
-    const std::string key = record.path.substr(0, record.path.find_first_of("[."));
-    return objectOf(snapshotRecord, {{key, record.path.contains('[') ? "[" + object + "]" : object}});
 }
 
 std::string failureOf(const Record& record, const Exchanges& exchanges, Order order = Order::declared) {
@@ -261,9 +132,7 @@ TEST_P(EveryRecord, LeavesOutOptionalKeysThatAreAbsent) {
     EXPECT_NE(written.value().find(object), std::string::npos) << *written;
 }
 
-INSTANTIATE_TEST_SUITE_P(SnapshotDocument, EveryRecord,
-                         ::testing::Values(snapshotRecord, taskRecord, eventRecord, chipRecord, horizonRecord,
-                                           recapRecord),
+INSTANTIATE_TEST_SUITE_P(SnapshotDocument, EveryRecord, ::testing::ValuesIn(everyRecord()),
                          [](const auto& record) { return record.param.name; });
 
 TEST(SnapshotFields, IntegersMayBeSpelledAsDoubles) {

@@ -2,6 +2,7 @@
 #include "tests/torture/program/Crowd.h"
 #include "tests/torture/program/Disks.h"
 #include "tests/torture/program/EachCall.h"
+#include "tests/torture/program/HostileDays.h"
 
 #include <iostream>
 #include <string>
@@ -16,6 +17,8 @@ std::filesystem::path quickFolder() {
 }
 
 int run(const std::string& what, const std::string& count) {
+    if (what == "hostile-days")
+        return writeHostileDays();
     const testing::ScratchDataHome dataHome(quickFolder());
     if (what == "faults")
         return failEachCall(count == "full" ? Form::full : Form::brief);
@@ -27,7 +30,7 @@ int run(const std::string& what, const std::string& count) {
         return useBadDisks();
     if (what == "load")
         return load(std::stol(count));
-    std::cerr << "vantel_torture faults [full]|kills|random-kills COUNT|load COUNT|disks\n";
+    std::cerr << "vantel_torture faults [full]|kills|random-kills COUNT|load COUNT|disks|hostile-days\n";
     return 2;
 }
 
