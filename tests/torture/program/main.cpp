@@ -30,7 +30,7 @@ int run(const std::string& what, const std::string& count) {
     if (what == "load")
         return load(std::stol(count));
     std::cerr << "vantel_torture faults [full]|kills|random-kills COUNT|load COUNT|disks\n"
-                 "vantel_torture use POSITION_FILE ROUNDS|look: in $XDG_DATA_HOME\n";
+                 "vantel_torture use POSITION_FILE ROUNDS|look|quota: in $XDG_DATA_HOME\n";
     return 2;
 }
 
@@ -41,6 +41,8 @@ int run(std::vector<std::string> arguments) {
         return useUntilPowerCut(arguments[1], std::stoi(arguments[2]));
     if (arguments[0] == "look")
         return lookAfterPowerCut();
+    if (arguments[0] == "quota")
+        return useQuota();
     return run(arguments[0], arguments[1].empty() ? "0" : arguments[1]);
 }
 
