@@ -21,6 +21,7 @@ KINDS = {
     "btrfs": (120, ["mkfs.btrfs", "-q", "-f", "-K"]),
 }
 SECTOR = 512
+PASS = 100
 SKIPPED = 77
 
 
@@ -178,34 +179,39 @@ SUPERBLOCKS = (64 * 1024, 64 * MEGABYTE)
 
 
 def look_at_cuts(programs, recording, scratch, count, until, is_lying=False):
-    """How many were looked at, and what was wrong with which."""
-    cuts, looked, wrong = Cuts(recording, scratch, count, is_lying), 0, []
-    for position in cuts.positions(count):
-        if time.monotonic() > until:
-            break
-        cuts.make(position)
-        try:
-            faults = Expected(recording.notes, position).faults(cuts.found(programs))
-        except OSError as error:
-            faults = [str(error)]
-        looked += 1
-        if faults:
-            wrong.append((position, faults))
+    """How many were looked at, and what was wrong with which. Each pass goes through the whole recording."""
+    looked, wrong = 0, []
+    for first in range(0, count, PASS):
+        cuts = Cuts(recording, scratch, first, is_lying)
+        for position in cuts.positions(min(PASS, count - first)):
+            if time.monotonic() > until:
+                return looked, wrong
+            if faults := faults_of(programs, cuts, position):
+                wrong.append((position, faults))
+            looked += 1
     return looked, wrong
 
 
-def try_kind(programs, kind, count, rounds, seconds):
+def faults_of(programs, cuts, position):
+    cuts.make(position)
+    try:
+        return Expected(cuts.recording.notes, position).faults(cuts.found(programs))
+    except OSError as error:
+        return [str(error)]
+
+
+def try_kind(programs, kind, count, rounds, until):
     """Whether nothing was wrong."""
     with tempfile.TemporaryDirectory() as scratch:
         began = time.monotonic()
         recording = Recording(programs, kind, scratch, rounds)
-        looked, wrong = look_at_cuts(programs, recording, scratch, count, began + seconds)
+        looked, wrong = look_at_cuts(programs, recording, scratch, count, until)
         flushes = recording.records.count(None)
         print(f"{kind}: {looked} power cuts in {len(recording.records) - flushes} writes and {flushes} flushes, "
               f"{len(wrong)} wrong, {time.monotonic() - began:.0f} s", flush=True)
         for position, faults in wrong[:5]:
             print(f"WRONG: {kind}, after {position} records: {', '.join(faults[:5])}")
-        if kind == "ext4" and not look_at_cuts(programs, recording, scratch, 12, began + 2 * seconds, True)[1]:
+        if kind == "ext4" and not look_at_cuts(programs, recording, scratch, 12, until + 60, True)[1]:
             print("WRONG: a disk that lies about its flushes has lost nothing")
             return False
         return looked > 0 and not wrong
@@ -226,9 +232,11 @@ def kinds_here():
 def main(programs, minutes=None):
     signal.signal(signal.SIGTERM, lambda *_: sys.exit(1))
     count, rounds = (20, 25) if minutes is None else (1000, 250)
-    seconds = 60 if minutes is None else float(minutes) * 20
+    began, seconds = time.monotonic(), 180 if minutes is None else float(minutes) * 60
     try:
-        good = [try_kind(programs, kind, count, rounds, seconds) for kind in kinds_here()]
+        kinds = list(kinds_here())
+        good = [try_kind(programs, kind, count, rounds, began + seconds * (index + 1) / len(kinds))
+                for index, kind in enumerate(kinds)]
     except (Skipped, PermissionError) as reason:
         print(f"skipped: {reason}")
         return SKIPPED
