@@ -8,6 +8,7 @@
 
 #include <csignal>
 #include <cstdio>
+#include <cstdlib>
 #include <fstream>
 #include <functional>
 #include <thread>
@@ -46,6 +47,14 @@ void putHugeFile(const FileURL& file) {
     std::filesystem::resize_file(file, std::uintmax_t{1} << 30U);
 }
 
+/// The other end stays open, and never says anything.
+void putTerminal(const FileURL& file) {
+    static const int otherEnd = ::posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC);
+    ASSERT_EQ(::grantpt(otherEnd), 0);
+    ASSERT_EQ(::unlockpt(otherEnd), 0);
+    std::filesystem::create_symlink(::ptsname(otherEnd), file);
+}
+
 const Obstacle obstacles[] = {
     {"fifo", [](const FileURL& file) { ASSERT_EQ(::mkfifo(file.c_str(), 0600), 0); }},
     {"folder", [](const FileURL& file) { std::filesystem::create_directory(file); }},
@@ -54,7 +63,8 @@ const Obstacle obstacles[] = {
     {"linkToAFullDevice", linkTo("/dev/full")},
     {"linkToItself", [](const FileURL& file) { std::filesystem::create_symlink(file.filename(), file); }},
     {"linkToNowhere", linkTo("/nowhere/at/all")},
-    {"hugeFile", putHugeFile}};
+    {"hugeFile", putHugeFile},
+    {"linkToATerminal", putTerminal}};
 
 struct HostilePlaces : ::testing::TestWithParam<Obstacle> {
     testing::ScratchDataHome dataHome;

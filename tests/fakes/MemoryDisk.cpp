@@ -27,11 +27,50 @@ std::set<std::string> statesAfterPowerCut(const Stored<std::string>& bytes) {
     return result;
 }
 
-template <typename Names>
-std::vector<Names> statesAfterPowerCut(const Stored<Names>& names) {
-    std::vector<Names> result = names.older;
-    result.push_back(names.current);
+using Names = std::map<std::string, MemoryDisk::FileNumber>;
+
+std::optional<MemoryDisk::FileNumber> numberOf(const std::string& name, const Names& names) {
+    const auto found = names.find(name);
+    return found != names.end() ? std::optional(found->second) : std::nullopt;
+}
+
+/// The files that one name led to at some moment since the last sync, or none.
+std::set<std::optional<MemoryDisk::FileNumber>> filesOf(const std::string& name, const Stored<Names>& names) {
+    std::set<std::optional<MemoryDisk::FileNumber>> result{numberOf(name, names.current)};
+    for (const Names& older : names.older)
+        result.insert(numberOf(name, older));
     return result;
+}
+
+std::vector<Names> withName(const std::string& name, const Stored<Names>& names,
+                            const std::vector<Names>& others) {
+    std::vector<Names> result;
+    for (const auto& number : filesOf(name, names))
+        for (const Names& other : others) {
+            result.push_back(other);
+            if (number)
+                result.back()[name] = *number;
+        }
+    return result;
+}
+
+std::vector<Names> statesAfterPowerCut(const Stored<Names>& names) {
+    std::set<std::string> all;
+    for (const Names& older : names.older)
+        for (const auto& [name, number] : older)
+            all.insert(name);
+    for (const auto& [name, number] : names.current)
+        all.insert(name);
+    std::vector<Names> result{{}};
+    for (const std::string& name : all)
+        result = withName(name, names, result);
+    return result;
+}
+
+template <typename States>
+auto oneOf(const States& states, std::mt19937& random) {
+    std::uniform_int_distribution<std::size_t> index(0, states.size() - 1);
+    return *std::next(states.begin(), static_cast<std::ptrdiff_t>(index(random)));
 }
 
 } // namespace
@@ -76,6 +115,15 @@ std::vector<MemoryDisk> MemoryDisk::afterPowerCut() const {
             disk.m_files[number].bytes = {state, {}};
         });
     return disks;
+}
+
+MemoryDisk MemoryDisk::afterPowerCut(std::mt19937& random) const {
+    MemoryDisk disk = *this;
+    for (auto& [path, names] : disk.m_folders)
+        names = {oneOf(statesAfterPowerCut(names), random), {}};
+    for (auto& [number, file] : disk.m_files)
+        file.bytes = {oneOf(statesAfterPowerCut(file.bytes), random), {}};
+    return disk;
 }
 
 void MemoryDisk::makeFolders(const FileURL& folder) {

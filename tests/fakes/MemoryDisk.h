@@ -4,6 +4,7 @@
 
 #include <map>
 #include <optional>
+#include <random>
 #include <string>
 #include <utility>
 #include <vector>
@@ -41,10 +42,13 @@ public:
     /// The names of the files in a folder, in order.
     std::vector<std::string> names(const FileURL& folder) const;
 
-    /// Every disk that a power cut at this moment could leave. Of a folder: its names as they stand or stood
-    /// at any moment since its last sync. Of a file: its bytes of such a moment, or the change that came
-    /// next, done up to any byte, with the rest missing or zeros.
+    /// Every disk that a power cut at this moment could leave. Of each name in a folder: what it leads or led
+    /// to at any moment since the folder's last sync, whatever its other names do; so a file may have both
+    /// its names, or neither. Of a file: its bytes of such a moment, or the change that came next, done up to
+    /// any byte, with the rest missing or zeros.
     std::vector<MemoryDisk> afterPowerCut() const;
+    /// One of them.
+    MemoryDisk afterPowerCut(std::mt19937& random) const;
 
     void makeFolders(const FileURL& folder);
     bool hasFolder(const FileURL& folder) const { return m_folders.contains(folder); }

@@ -1,6 +1,7 @@
 #include "tests/fakes/MemoryFileSystem.h"
 
 #include <cerrno>
+#include <set>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest-spi.h>
@@ -20,10 +21,10 @@ int numberOf(const Error& error) {
     return std::get<SystemError>(error).number;
 }
 
-std::vector<std::string> possibleContents(const MemoryFileSystem& files) {
-    std::vector<std::string> result;
+std::set<std::string> possibleContents(const MemoryFileSystem& files) {
+    std::set<std::string> result;
     for (const MemoryDisk& disk : files.disk().afterPowerCut())
-        result.push_back(disk.contents(file).value_or("missing"));
+        result.insert(disk.contents(file).value_or("missing"));
     return result;
 }
 
@@ -184,6 +185,29 @@ TEST_F(MemoryFiles, APowerCutMayBringBackTheOldFileOfAReplacedName) {
     ASSERT_TRUE(files.rename(folder / "temporary", file));
     EXPECT_THAT(possibleContents(files), UnorderedElementsAre("old", "new"));
     EXPECT_THAT(files.disk().names(folder), ElementsAre("file"));
+}
+
+TEST_F(MemoryFiles, APowerCutMayLeaveBothNamesOfARenamedFileOrNeither) {
+    files.disk().makeFolders(folder);
+    const auto descriptor = files.open(folder / "temporary", OpenMode::writeNew).value();
+    ASSERT_TRUE(files.rename(folder / "temporary", file));
+    ASSERT_TRUE(files.close(descriptor));
+    std::vector<std::vector<std::string>> names;
+    for (const MemoryDisk& disk : files.disk().afterPowerCut())
+        names.push_back(disk.names(folder));
+    EXPECT_THAT(names, UnorderedElementsAre(ElementsAre("file", "temporary"), ElementsAre("file"),
+                                            ElementsAre("temporary"), IsEmpty()));
+}
+
+TEST_F(MemoryFiles, APowerCutAtRandomLeavesEachPossibleDiskInTheEndAndNoOther) {
+    const auto descriptor = openPlanted("a");
+    ASSERT_TRUE(files.seekToEnd(descriptor));
+    ASSERT_TRUE(files.write(descriptor, "bc"));
+    std::mt19937 random(1);
+    std::set<std::string> found;
+    for (int i = 0; i < 200; ++i)
+        found.insert(files.disk().afterPowerCut(random).contents(file).value());
+    EXPECT_THAT(found, ::testing::UnorderedElementsAreArray(possibleContents(files)));
 }
 
 TEST_F(MemoryFiles, APowerCutMayBringBackARemovedFile) {

@@ -54,5 +54,21 @@ TEST_F(LookAtStorageTest, AFolderIsReachableOnlyWhenAllFoldersAboveItLetOthersPa
     EXPECT_TRUE(lookAtStorage().container->isReachable);
 }
 
+TEST_F(LookAtStorageTest, AFolderIsReachableByWhoeverMayLookInsideOrPassButNotByItsOwnerAlone) {
+    makeContainer();
+    const FileURL folder = *WidgetShared::containerURL();
+    for (FileURL above = folder.parent_path(); above != m_data.path().parent_path();
+         above = above.parent_path())
+        ASSERT_EQ(::chmod(above.c_str(), 0711), 0);
+    const std::pair<unsigned, bool> modes[] = {{0700, false}, {0500, false}, {0600, false}, {0750, true},
+                                               {0710, true},  {0740, true},  {0705, true},  {0701, true},
+                                               {0704, true},  {0770, true},  {0777, true},  {02700, false}};
+    for (const auto& [mode, isReachable] : modes) {
+        ASSERT_EQ(::chmod(folder.c_str(), mode), 0);
+        EXPECT_EQ(lookAtStorage().container->isReachable, isReachable) << std::oct << mode;
+    }
+    ASSERT_EQ(::chmod(folder.c_str(), 0700), 0);
+}
+
 } // namespace
 } // namespace vantel

@@ -105,6 +105,25 @@ void useReadOnlyDisk(const std::filesystem::path& disk, Report& report) {
 
 } // namespace
 
+int useQuota() {
+    Report report;
+    report.expect(sampleSnapshot().write().has_value(), "a snapshot does not fit an empty quota");
+    const auto count = static_cast<std::size_t>(fill());
+    report.expect(count > 100, "the quota is full at once");
+    report.expect(!sampleSnapshot("new").write(), "a snapshot fits a full quota");
+    report.expect(!WidgetJournal::remove({entryOf(0).id}), "a redo copy fits a full quota");
+    // btrfs counts even the truncating of a file as something new.
+    const bool isEmptied = WidgetJournal::removeAll().has_value();
+    report.expect(countPending() == (isEmptied ? 0 : count), "a full quota has cost entries");
+    report.expect(WidgetSnapshot::load() == sampleSnapshot(), "a full quota has cost the old snapshot");
+    std::cout << "a full quota: " << count << " entries acknowledged, none lost" << std::endl;
+    std::cin.get(); // until the quota is larger
+    report.expect(countPending() == (isEmptied ? 0 : count), "a larger quota has cost entries");
+    report.expect(WidgetJournal::removeAll() && countPending() == 0, "a larger quota cannot be drained");
+    report.expect(leftAfterUse().empty(), "a full quota has left a temporary file");
+    return report.status();
+}
+
 int useBadDisks() {
     const testing::ScratchFolder folder;
     if (const std::string reason = whyNotMountable(folder.path()); !reason.empty()) {
