@@ -213,6 +213,23 @@ TEST_F(JournalFaults, RemovingAllOfWhatCannotBeReadEmptiesItAllTheSame) {
     }
 }
 
+TEST_F(JournalFaults, RemovingAllOfWhatCannotBeReadIsReportedOnceItIsDurable) {
+    MemoryFileSystem files(diskWith(sampleLine(1)));
+    files.faults().fail(FileOperation::read, 1, EIO, Lasting::fromThenOn);
+    ASSERT_TRUE(removeAll(files));
+    for (const MemoryDisk& left : files.disk().afterPowerCut())
+        EXPECT_EQ(left.contents(file), "");
+}
+
+TEST_F(JournalFaults, RemovingAllOfWhatCannotBeReadFailsWhereItCannotBeEmptiedOrSynced) {
+    for (const FileOperation operation : {FileOperation::truncate, FileOperation::syncData}) {
+        MemoryFileSystem files(diskWith(sampleLine(1)));
+        files.faults().fail(FileOperation::read, 1, EIO, Lasting::fromThenOn);
+        files.faults().fail(operation, 1, EIO, Lasting::once);
+        EXPECT_FALSE(removeAll(files)) << name(operation);
+    }
+}
+
 TEST_F(JournalFaults, ReadingThatFailsReportsItAndChangesNothing) {
     const std::string before = sampleLine(1) + "torn";
     for (const Lasting lasting : {Lasting::once, Lasting::fromThenOn})

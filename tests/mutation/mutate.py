@@ -15,7 +15,7 @@ import sys
 import tempfile
 
 ENOUGH = 0.9
-LONGEST_TEST = 240  # seconds; a mistake that makes a test wait for ever is noticed too
+LONGEST_TEST = 300  # seconds; a mistake that makes a test wait for ever is noticed too
 
 SLOW = "*PowerCut*:*Concurrency*:*Property*:*ZoneSweep*:*ThePowerMayGo*"
 

@@ -46,6 +46,20 @@ protected:
 
 using Dates = std::vector<Instant>;
 
+TEST(SnapshotEntry, IsEqualByDateAndByWhatTheSnapshotHoldsWhereverThatLies) {
+    const Instant now = at("2026-11-17T09:20");
+    WidgetSnapshot other = emptySnapshot(now);
+    other.triageCount += 1;
+    const SnapshotEntry first = entry(emptySnapshot(now), now);
+    EXPECT_EQ(first, first);
+    EXPECT_EQ(first, entry(emptySnapshot(now), now));
+    EXPECT_EQ((SnapshotEntry{now, nullptr}), (SnapshotEntry{now, nullptr}));
+    EXPECT_NE(first, entry(emptySnapshot(now), now + Seconds(1)));
+    EXPECT_NE(first, entry(other, now));
+    EXPECT_NE(first, (SnapshotEntry{now, nullptr}));
+    EXPECT_NE((SnapshotEntry{now, nullptr}), first);
+}
+
 TEST_F(SnapshotProviderTest, WithoutASnapshotATimelineHasOneEntryAndReloadsAtMidnight) {
     const auto timeline = timelineAt(at("2026-11-17T09:20"));
     EXPECT_EQ(dates(timeline), Dates{at("2026-11-17T09:20")});
