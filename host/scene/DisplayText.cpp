@@ -6,7 +6,7 @@ namespace vantel::scene {
 
 namespace {
 
-constexpr qsizetype longest = 2000;
+constexpr qsizetype longest = 500;
 constexpr std::size_t longestBytes = 4 * longest;
 constexpr int mostMarks = 4;
 
