@@ -8,6 +8,8 @@ import subprocess
 import tempfile
 import time
 
+from gi.repository import GLib
+
 from session_bus import call, connect
 
 
@@ -188,6 +190,21 @@ class Desktop:
         """Calls a method of the running program over the session bus."""
         return call(self.bus, "org.vantel.Widgets", "/org/vantel/Widgets", "org.vantel.Widgets1." + method, signature,
                     *arguments)
+
+    def answers(self):
+        """What the program says that it shows, if it can be reached."""
+        try:
+            return self.ask("CurrentConfigurations")
+        except GLib.Error:
+            return None
+
+    def gallery(self):
+        """The window from which widgets are added, while it is open."""
+        return self.output("xdotool", "search", "--onlyvisible", "--name", "^Add widgets$").strip()
+
+    def open_gallery(self):
+        self.ask("ShowGallery")
+        return wait_for(lambda: self.focused("Add widgets"), "the gallery with the keyboard")
 
     @staticmethod
     def memory(process):

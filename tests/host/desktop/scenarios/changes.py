@@ -2,8 +2,6 @@
 import socket
 import time
 
-from gi.repository import GLib
-
 from cards import FIRST_ROW, FOCUS, MAC_EPOCH, NEXT_UP, TITLE, TRIAGE
 from desktop import Failed, OwnZone, expect, wait_for
 from screen_reader import ScreenReader
@@ -84,20 +82,13 @@ def a_bus_that_dies_and_comes_back_is_found_again(desktop):
         snapshot["triageCount"] = 100 + number
         desktop.write_snapshot(snapshot)
         desktop.start_bus()
-        slowest = max(slowest, seconds_until(lambda: answers(desktop), "the widgets on the new bus"))
+        slowest = max(slowest, seconds_until(desktop.answers, "the widgets on the new bus"))
         desktop.ask("ReloadAllTimelines")
         slowest = max(slowest, seconds_until(lambda old=before: desktop.picture(*desktop.card(TRIAGE)) != old,
                                              "another triage card"))
         expect(process.poll() is None, "the program ended")
     desktop.figure(f"{rounds} dead buses: each step took {slowest:.2f} seconds at most")
     expect(not desktop.is_long or slowest < 3, f"{slowest} seconds")
-
-
-def answers(desktop):
-    try:
-        return desktop.ask("CurrentConfigurations")
-    except GLib.Error:
-        return None
 
 
 def seconds_until(condition, what):

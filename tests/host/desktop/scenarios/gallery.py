@@ -6,15 +6,6 @@ from session_bus import SettingsPortal
 TITLE = "Add widgets"
 
 
-def gallery(desktop):
-    return desktop.output("xdotool", "search", "--onlyvisible", "--name", f"^{TITLE}$").strip()
-
-
-def open_gallery(desktop):
-    desktop.ask("ShowGallery")
-    return wait_for(lambda: desktop.focused(TITLE), "the gallery with the keyboard")
-
-
 def a_second_start_opens_the_gallery_of_the_first(desktop):
     desktop.write_snapshot(desktop.placeholder())
     desktop.start_widgets()
@@ -23,14 +14,14 @@ def a_second_start_opens_the_gallery_of_the_first(desktop):
         expect(second.wait(10) == 0, "the second start did not end with 0")
         wait_for(lambda: desktop.focused(TITLE), "the gallery with the keyboard")
         desktop.key("Escape")
-        wait_for(lambda: not gallery(desktop), "no gallery any more")
+        wait_for(lambda: not desktop.gallery(), "no gallery any more")
 
 
 def an_open_gallery_takes_other_looks_where_it_stands(desktop):
     portal = SettingsPortal(desktop)
     desktop.write_snapshot(desktop.placeholder())
     desktop.start_widgets()
-    window = open_gallery(desktop)
+    window = desktop.open_gallery()
     desktop.press_keys("Tab", "Tab", "Return")
     wait_for(lambda: len(desktop.placements()) == 5, "another widget")
     desktop.run("xdotool", "windowmove", "--sync", window, "60", "50")
@@ -45,7 +36,7 @@ def an_open_gallery_takes_other_looks_where_it_stands(desktop):
     wait_for(lambda: desktop.picture(300, 120, 40, 40) != colours, "a dark gallery")
     portal.scale_texts(1.25)
     desktop.wait_until_still()
-    expect(gallery(desktop) == window, "another gallery")
+    expect(desktop.gallery() == window, "another gallery")
     expect(place() == before, f"{before} became {place()}")
     expect(desktop.focused("Other"), "the gallery took the keyboard")
     other.terminate()
@@ -55,7 +46,7 @@ def a_screen_reader_hears_previews_as_pictures(desktop):
     reader = ScreenReader(desktop)
     desktop.write_snapshot(desktop.placeholder())
     desktop.start_widgets()
-    open_gallery(desktop)
+    desktop.open_gallery()
     heard = wait_for(lambda: [each for each in reader.card(TITLE) if each.actions], "what can be pressed in the gallery")
     names = [each.name for each in heard]
     expect("Focus, Medium" in names and not any("Complete" in each for each in names), f"{names}")
