@@ -109,7 +109,8 @@ private:
     /// In the order of a companion; its own store is what it says.
     void drain() {
         std::set<Uuid> ids;
-        for (const WidgetJournalEntry& entry : WidgetJournal::pending().value())
+        const std::vector<WidgetJournalEntry> pending = WidgetJournal::pending().value();
+        for (const WidgetJournalEntry& entry : pending)
             if (m_random() % 4 != 0)
                 ids.insert(entry.id);
         for (const Uuid& id : ids)
