@@ -11,6 +11,7 @@
 #include <iostream>
 #include <random>
 #include <set>
+#include <vector>
 
 #include <fcntl.h>
 #include <sys/mman.h>
