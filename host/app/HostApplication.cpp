@@ -109,16 +109,15 @@ HostApplication::HostApplication(HostedWidgets widgets, const Formats& formats)
 HostApplication::~HostApplication() = default;
 
 int HostApplication::run() {
-    m_settings.awaitAnswers(patienceWithPortal);
     if (m_service.start(activationToken()) == WidgetsService::Start::alreadyRunning)
         return EXIT_SUCCESS;
     return runUntilEnd();
 }
 
 int HostApplication::runWithGallery() {
-    m_settings.awaitAnswers(patienceWithPortal);
     if (m_service.start(activationToken(), galleryAction) == WidgetsService::Start::alreadyRunning)
         return EXIT_SUCCESS;
+    m_settings.awaitAnswers(patienceWithPortal);
     showGallery(activationToken());
     return runUntilEnd();
 }
@@ -128,6 +127,8 @@ int HostApplication::runUntilEnd() {
     SignalWatch signalWatch;
     connect(&signalWatch, &SignalWatch::endRequested, qApp, &QApplication::quit);
     connect(qApp, &QApplication::aboutToQuit, this, &HostApplication::finishWriting);
+    m_settings.awaitAnswers(patienceWithPortal);
+    connect(&m_service, &WidgetsService::activated, this, &HostApplication::comeForward);
     takePreferences(m_settings.preferences());
     m_desk.start();
     QTimer::singleShot(0, this, &HostApplication::watchDays);
@@ -186,7 +187,6 @@ void HostApplication::joinDesk() {
 }
 
 void HostApplication::joinBus() {
-    connect(&m_service, &WidgetsService::activated, this, &HostApplication::comeForward);
     connect(&m_service, &WidgetsService::focusRequested, &m_desk, &Desk::focusWidgets);
     connect(&m_service, &WidgetsService::galleryRequested, this, qOverload<>(&HostApplication::showGallery));
     connect(&m_service, &WidgetsService::actionRequested, this,

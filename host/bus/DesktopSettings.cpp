@@ -41,7 +41,7 @@ bool DesktopSettings::isApplicationDark() {
     return QGuiApplication::palette().color(QPalette::Window).lightness() < half;
 }
 
-void DesktopSettings::awaitAnswers(std::chrono::milliseconds patience) {
+void DesktopSettings::awaitAnswers(std::chrono::milliseconds patience) const {
     if (m_unanswered == 0)
         return;
     QEventLoop loop;

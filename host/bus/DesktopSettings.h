@@ -29,7 +29,7 @@ public:
 
     /// Waits until the portal has answered all that it was asked, or the time is over; meanwhile events
     /// are handled. Ends at once where there is no portal.
-    void awaitAnswers(std::chrono::milliseconds patience);
+    void awaitAnswers(std::chrono::milliseconds patience) const;
 
     const DesktopPreferences& preferences() const { return m_preferences; }
 
