@@ -17,6 +17,8 @@
 #include <cstdlib>
 #include <exception>
 
+#include <malloc.h>
+
 namespace vantel {
 
 namespace {
@@ -66,6 +68,7 @@ int perform(const Options& options, const Formats& formats) {
 }
 
 int main(int count, char** words) {
+    ::mallopt(M_ARENA_MAX, 1);     // A heap for each short-lived worker would grow for years.
     std::signal(SIGXFSZ, SIG_IGN); // A file that may not grow is an error to report, not the end.
     useMessageCatalogue();
     const auto options = parseOptions(count, words);

@@ -11,6 +11,8 @@
 #include <iostream>
 #include <random>
 
+#include <malloc.h>
+
 /// vantel_years RELOADS: lives through years with all widgets, of days that change, clocks that are set and
 /// zones that are left, and ends with 1 if any card shows what it should not, or anything is gathered.
 namespace vantel::torture {
@@ -135,6 +137,7 @@ private:
 } // namespace vantel::torture
 
 int main(int count, char** arguments) {
+    ::mallopt(M_ARENA_MAX, 1); // as the program on the desktop does
     ::setenv("QT_QPA_PLATFORM", "offscreen", 1);
     ::setenv("TZ", "Europe/Berlin", 1);
     const QApplication application(count, arguments);
