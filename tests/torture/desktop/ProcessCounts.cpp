@@ -2,9 +2,12 @@
 
 #include <QApplication>
 #include <QWidget>
+#include <algorithm>
+#include <chrono>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <thread>
 
 #include <malloc.h>
 #include <unistd.h>
@@ -15,6 +18,16 @@ namespace {
 
 long entries(const char* folder) {
     return std::distance(std::filesystem::directory_iterator(folder), {});
+}
+
+/// A worker that has answered takes a moment to end, and is not yet gone when its answer is there.
+long lastingThreads() {
+    long fewest = entries("/proc/self/task");
+    for (int i = 0; i < 20; ++i) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(50));
+        fewest = std::min(fewest, entries("/proc/self/task"));
+    }
+    return fewest;
 }
 
 long residentBytes() {
@@ -47,8 +60,8 @@ long objectsOnCards() {
 } // namespace
 
 ProcessCounts countProcess() {
-    return {residentBytes(), entries("/proc/self/fd"), entries("/proc/self/task"), watchedFiles(),
-            objectsOnCards()};
+    const long threads = lastingThreads();
+    return {residentBytes(), entries("/proc/self/fd"), threads, watchedFiles(), objectsOnCards()};
 }
 
 std::string described(const ProcessCounts& counts) {
