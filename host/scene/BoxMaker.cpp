@@ -17,9 +17,8 @@ constexpr double usualSymbolSize = 13;
 /// Makes a box for an element, one function per kind. Lines of text stand as the nearest column aligns them.
 class BoxMaker {
 public:
-    BoxMaker(const SceneContext& context, std::vector<Instant>& countdowns, HorizontalAlignment lines)
+    BoxMaker(const BoxContext& context, HorizontalAlignment lines)
         : m_context(context)
-        , m_countdowns(countdowns)
         , m_lines(lines) {}
 
     BoxPointer make(const Element& element) const {
@@ -35,8 +34,8 @@ public:
     BoxPointer operator()(const Text& text) const { return written(text.text, text.style); }
 
     BoxPointer operator()(const RelativeTime& time) const {
-        m_countdowns.push_back(time.date);
-        return written(m_context.formats.timeLeft(time.date - m_context.now), time.style);
+        m_context.countdowns.push_back(time.date);
+        return written(m_context.scene.formats.timeLeft(time.date - m_context.scene.now), time.style);
     }
 
     BoxPointer operator()(const Symbol& symbol) const {
@@ -49,7 +48,7 @@ public:
     }
 
     BoxPointer operator()(const Column& column) const {
-        Boxes boxes = BoxMaker(m_context, m_countdowns, column.alignment).all(column.children);
+        Boxes boxes = BoxMaker(m_context, column.alignment).all(column.children);
         return std::make_unique<ColumnBox>(std::move(boxes), column.alignment,
                                            column.spacing.value_or(usualGap));
     }
@@ -81,7 +80,8 @@ private:
     }
 
     BoxPointer written(std::string_view text, const TextStyle& style) const {
-        return std::make_unique<TextBox>(displayText(text), style, m_context.look, m_lines);
+        return std::make_unique<TextBox>(
+            m_context.texts.shaped(displayText(text), style, m_context.scene.look), m_lines);
     }
 
     BoxPointer speaking(BoxPointer box, const Element& element) const {
@@ -92,19 +92,18 @@ private:
             action = button->intent;
         if (!action && element.accessibilityLabel.empty())
             return box;
-        const std::string label = readingText(element, m_context.formats, m_context.now);
+        const std::string label = readingText(element, m_context.scene.formats, m_context.scene.now);
         return std::make_unique<SpeakingBox>(std::move(box), displayText(label), std::move(action));
     }
 
-    const SceneContext& m_context;
-    std::vector<Instant>& m_countdowns;
+    const BoxContext& m_context;
     HorizontalAlignment m_lines;
 };
 
 } // namespace
 
-BoxPointer makeBox(const Element& element, const SceneContext& context, std::vector<Instant>& countdowns) {
-    return BoxMaker(context, countdowns, HorizontalAlignment::leading).make(element);
+BoxPointer makeBox(const Element& element, const BoxContext& context) {
+    return BoxMaker(context, HorizontalAlignment::leading).make(element);
 }
 
 } // namespace vantel::scene

@@ -5,8 +5,14 @@
 
 namespace vantel::scene {
 
-/// The boxes of an element and of all inside it. Moments that times left count down to are added to
-/// `countdowns`. The boxes keep references to the context's look.
-BoxPointer makeBox(const Element& element, const SceneContext& context, std::vector<Instant>& countdowns);
+/// What is gathered as boxes are made.
+struct BoxContext {
+    const SceneContext& scene;
+    ShapedTexts& texts;
+    std::vector<Instant>& countdowns; ///< the moments that times left count down to
+};
+
+/// The boxes of an element and of all inside it.
+BoxPointer makeBox(const Element& element, const BoxContext& context);
 
 } // namespace vantel::scene

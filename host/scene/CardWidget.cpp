@@ -45,6 +45,7 @@ struct CardWidget::Private {
     Look look;
     Instant now{};
     Instant laidOutAt{};
+    scene::ShapedTexts texts;
     scene::Scene scene;
     scene::PaintState state;
     std::vector<IntentCall> pending;
@@ -83,7 +84,7 @@ void CardWidget::setLook(const Look& look) {
     if (isSameLayout)
         redraw();
     else
-        layOut();
+        layOutWithNewFonts();
 }
 
 void CardWidget::setNow(Instant now) {
@@ -166,12 +167,24 @@ void CardWidget::focusOutEvent(QFocusEvent* event) {
     update();
 }
 
+void CardWidget::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::FontChange)
+        layOutWithNewFonts();
+    QWidget::changeEvent(event);
+}
+
+void CardWidget::layOutWithNewFonts() {
+    m_private->texts.clear();
+    layOut();
+}
+
 void CardWidget::layOut() {
     if (!m_private->view)
         return;
     m_private->laidOutAt = m_private->now;
     m_private->scene = scene::laidOut(
-        *m_private->view, {m_private->look, m_private->formats, m_private->now, layoutDirection()});
+        *m_private->view, {m_private->look, m_private->formats, m_private->now, layoutDirection()},
+        m_private->texts);
     const QSizeF size = cardSize(m_private->view->family, m_private->look.scale);
     setFixedSize(QSizeF(size).toSize());
     m_private->targets.follow(m_private->scene, m_private->look.scale);

@@ -64,8 +64,10 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
 private:
+    void layOutWithNewFonts();
     void layOut();
     void markPending();
     bool canFadeTo(const WidgetView& view) const;

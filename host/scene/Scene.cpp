@@ -48,17 +48,23 @@ Element withoutOuterPadding(Element element) {
 } // namespace
 
 Scene laidOut(const WidgetView& view, const SceneContext& context) {
+    ShapedTexts texts;
+    return laidOut(view, context, texts);
+}
+
+Scene laidOut(const WidgetView& view, const SceneContext& context, ShapedTexts& texts) {
     Scene scene;
     scene.size = cardSize(view.family, 1);
     scene.background = view.content.background;
     const Element content = withoutOuterPadding(view.content.content);
-    const BoxPointer box = makeBox(content, context, scene.countdowns);
+    const BoxPointer box = makeBox(content, {context, texts, scene.countdowns});
     const QRectF room =
         QRectF({0, 0}, scene.size).adjusted(contentMargin, contentMargin, -contentMargin, -contentMargin);
     const QSizeF size = box->size({room.width(), room.height()});
     const QPointF corner = room.center() - QPointF(size.width(), size.height()) / 2;
     Placer placer(scene, context.direction);
     box->place({corner, size}, placer);
+    texts.endLayout();
     return scene;
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "host/scene/Look.h"
-#include "host/scene/TextBlock.h"
+#include "host/scene/ShapedText.h"
 #include "hosting/WidgetView.h"
 
 #include <QRectF>
@@ -76,5 +76,8 @@ struct SceneContext {
 
 /// Lays out a view inside the content margins of its card. Nothing stands outside them.
 Scene laidOut(const WidgetView& view, const SceneContext& context);
+
+/// The same, with the texts of earlier layouts at hand, which were made for the same fonts.
+Scene laidOut(const WidgetView& view, const SceneContext& context, ShapedTexts& texts);
 
 } // namespace vantel::scene

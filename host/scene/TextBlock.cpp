@@ -35,6 +35,7 @@ QString elided(const QString& text, const SceneFont& font, double width) {
 struct Break {
     int start;
     int length;
+    double width; ///< in points
 };
 
 /// Where lines of a width begin, as far as one line beyond the limit.
@@ -50,7 +51,8 @@ std::vector<Break> breaks(const QString& text, const SceneFont& font, const Text
         if (!line.isValid())
             break;
         line.setLineWidth(room.width * font.pixelsPerPoint);
-        result.push_back({line.textStart(), line.textLength()});
+        const double width = line.naturalTextWidth() / font.pixelsPerPoint;
+        result.push_back({line.textStart(), line.textLength(), width});
     }
     layout.endLayout();
     return result;
@@ -68,16 +70,22 @@ QSizeF TextBlock::size() const {
 TextBlock textBlock(const QString& text, const SceneFont& font, const LineMetrics& metrics,
                     const TextRoom& room) {
     TextBlock block{{}, metrics};
-    if (room.lines <= 1) {
-        block.lines.push_back(unbrokenLine(elided(text, font, room.width), font));
+    const auto addLast = [&](const QString& rest) {
+        const QString shown = elided(rest, font, room.width);
+        block.isCut = shown != rest;
+        block.lines.push_back(unbrokenLine(shown, font));
+        block.narrowest = std::max(block.narrowest, block.lines.back().width);
         return block;
-    }
+    };
+    if (room.lines <= 1)
+        return addLast(text);
     const std::vector<Break> found = breaks(text, font, room);
     const auto limit = static_cast<std::size_t>(room.lines);
-    for (std::size_t i = 0; i < std::min(found.size(), limit); ++i) {
-        const bool isCut = i + 1 == limit && found.size() > limit;
-        const QString rest = isCut ? text.mid(found[i].start) : text.mid(found[i].start, found[i].length);
-        block.lines.push_back(unbrokenLine(isCut ? elided(rest, font, room.width) : rest.trimmed(), font));
+    for (std::size_t i = 0; i < found.size(); ++i) {
+        if (i + 1 == limit && found.size() > limit)
+            return addLast(text.mid(found[i].start));
+        block.lines.push_back(unbrokenLine(text.mid(found[i].start, found[i].length).trimmed(), font));
+        block.narrowest = std::max(block.narrowest, found[i].width);
     }
     return block;
 }

@@ -23,6 +23,8 @@ struct TextLine {
 struct TextBlock {
     std::vector<TextLine> lines;
     LineMetrics metrics{};
+    double narrowest = 0; ///< the least room, in points, that breaks the text in the same places
+    bool isCut = false;   ///< ends in an ellipsis
 
     QSizeF size() const;
 };

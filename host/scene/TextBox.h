@@ -1,7 +1,7 @@
 #pragma once
 
 #include "host/scene/Box.h"
-#include "host/scene/Scene.h"
+#include "host/scene/ShapedText.h"
 
 namespace vantel::scene {
 
@@ -9,27 +9,19 @@ namespace vantel::scene {
 /// a text that may shrink does so first.
 class TextBox final : public Box {
 public:
-    TextBox(QString text, const TextStyle& style, const Look& look, HorizontalAlignment alignment);
+    TextBox(std::shared_ptr<const ShapedText> text, HorizontalAlignment alignment);
 
-    double firstBaseline(const QSizeF&) const override { return m_metrics.ascent; }
+    double firstBaseline(const QSizeF&) const override { return m_text->metrics().ascent; }
     void place(const QRectF& rectangle, Placer& placer) const override;
 
 protected:
     QSizeF measured(const Proposal& proposal) const override;
 
 private:
-    TextBlock block(double width, std::optional<double> height) const;
-    int lineLimit(std::optional<double> height) const;
-    double fraction(double width) const;
     double leastWidth() const;
 
-    QString m_text;
-    TextStyle m_style;
-    const Look& m_look;
+    std::shared_ptr<const ShapedText> m_text;
     HorizontalAlignment m_alignment;
-    SceneFont m_font;
-    LineMetrics m_metrics;
-    TextLine m_line; ///< the whole text, which is nearly always what is drawn
 };
 
 } // namespace vantel::scene

@@ -4,6 +4,7 @@
 #include "tests/host/scene/SceneFixture.h"
 
 #include <QAccessible>
+#include <QApplication>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -287,6 +288,42 @@ TEST_F(CardWidgetTest, ACountdownTellsWhenItReadsDifferently) {
     const QImage before = picture();
     card.setNow(instantFromReference(60));
     EXPECT_NE(picture(), before);
+}
+
+TEST_F(CardWidgetTest, AfterATickACardLooksAsIfItHadBegunThen) {
+    const auto lines = [] {
+        return viewOf({Column{{text("Plan"), {RelativeTime{instantFromReference(2400), {.font = {22}}}}}}});
+    };
+    card.setView(lines());
+    card.setNow(instantFromReference(60));
+    const QImage ticked = picture();
+    card.setView(twoTasks());
+    card.setView(lines());
+    EXPECT_EQ(picture(), ticked);
+}
+
+TEST_F(CardWidgetTest, FollowsTheFontOfTheDesktop) {
+    const QFont before = QApplication::font();
+    Look look = testLook();
+    look.standardFamily.clear();
+    card.setLook(look);
+    const QImage usual = picture();
+    QApplication::setFont(QFont(testLook().monospacedFamily));
+    QApplication::sendPostedEvents();
+    EXPECT_NE(picture(), usual);
+    QApplication::setFont(before);
+    QApplication::sendPostedEvents();
+    EXPECT_EQ(picture(), usual);
+}
+
+TEST_F(CardWidgetTest, AnotherFamilyIsSeenAtOnce) {
+    const QImage usual = picture();
+    Look wide = testLook();
+    wide.standardFamily = wide.monospacedFamily;
+    card.setLook(wide);
+    EXPECT_NE(picture(), usual);
+    card.setLook(testLook());
+    EXPECT_EQ(picture(), usual);
 }
 
 TEST_F(CardWidgetTest, ATickChangesTheWordsThatAreReadAndKeepsWhatReadsThem) {
