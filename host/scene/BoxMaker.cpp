@@ -3,6 +3,7 @@
 #include "host/scene/DisplayText.h"
 #include "host/scene/LeafBoxes.h"
 #include "host/scene/LineBox.h"
+#include "host/scene/OuterPadding.h"
 #include "host/scene/TextBox.h"
 #include "host/scene/WrapperBoxes.h"
 #include "hosting/Reading.h"
@@ -21,14 +22,10 @@ public:
         : m_context(context)
         , m_lines(lines) {}
 
-    BoxPointer make(const Element& element) const {
-        BoxPointer box = std::visit(*this, element.kind);
-        box = speaking(std::move(box), element);
-        if (element.padding != Padding{})
-            box = std::make_unique<PaddedBox>(std::move(box), element.padding);
-        if (element.frame != Frame{})
-            box = std::make_unique<FramedBox>(std::move(box), element.frame);
-        return box;
+    BoxPointer makeOutermost(const Element& content) const {
+        const auto* row = std::get_if<Row>(&content.kind);
+        BoxPointer box = row == nullptr ? std::visit(*this, content.kind) : outermostRow(*row);
+        return framed(speaking(std::move(box), content), {{}, content.frame});
     }
 
     BoxPointer operator()(const Text& text) const { return written(text.text, text.style); }
@@ -72,6 +69,28 @@ public:
     BoxPointer operator()(const Button& button) const { return make(*button.label); }
 
 private:
+    BoxPointer make(const Element& element) const { return make(element, edges(element)); }
+
+    BoxPointer make(const Element& element, const Edges& edges) const {
+        return framed(speaking(std::visit(*this, element.kind), element), edges);
+    }
+
+    BoxPointer outermostRow(const Row& row) const {
+        Boxes boxes;
+        for (std::size_t i = 0; i < row.children.size(); ++i)
+            boxes.push_back(
+                make(row.children[i], edgesInOutermostRow(row.children[i], i, row.children.size())));
+        return std::make_unique<RowBox>(std::move(boxes), row.alignment, row.spacing.value_or(usualGap));
+    }
+
+    static BoxPointer framed(BoxPointer box, const Edges& edges) {
+        if (edges.padding != Padding{})
+            box = std::make_unique<PaddedBox>(std::move(box), edges.padding);
+        if (edges.frame != Frame{})
+            box = std::make_unique<FramedBox>(std::move(box), edges.frame);
+        return box;
+    }
+
     Boxes all(const std::vector<Element>& elements) const {
         Boxes boxes;
         for (const Element& element : elements)
@@ -102,8 +121,8 @@ private:
 
 } // namespace
 
-BoxPointer makeBox(const Element& element, const BoxContext& context) {
-    return BoxMaker(context, HorizontalAlignment::leading).make(element);
+BoxPointer makeOutermostBox(const Element& content, const BoxContext& context) {
+    return BoxMaker(context, HorizontalAlignment::leading).makeOutermost(content);
 }
 
 } // namespace vantel::scene

@@ -12,7 +12,8 @@ struct BoxContext {
     std::vector<Instant>& countdowns; ///< the moments that times left count down to
 };
 
-/// The boxes of an element and of all inside it.
-BoxPointer makeBox(const Element& element, const BoxContext& context);
+/// The boxes of a card's content and of all inside it, without the room that it asks for at the edges of the
+/// card.
+BoxPointer makeOutermostBox(const Element& content, const BoxContext& context);
 
 } // namespace vantel::scene

@@ -80,10 +80,8 @@ std::shared_ptr<const ShapedText> ShapedTexts::shaped(const QString& text, const
                                                       const Look& look) {
     const auto isSame = [&](const auto& each) { return each->text() == text && each->style() == style; };
     for (const Texts* texts : {&m_current, &m_earlier})
-        if (const auto known = std::ranges::find_if(*texts, isSame); known != texts->end()) {
-            const auto kept = *known; // what holds it may grow
-            return m_current.emplace_back(kept);
-        }
+        if (const auto known = std::ranges::find_if(*texts, isSame); known != texts->end())
+            return m_current.emplace_back(std::shared_ptr(*known));
     return m_current.emplace_back(std::make_shared<const ShapedText>(text, style, look));
 }
 
