@@ -1,6 +1,7 @@
 #include "cli/TerminalJson.h"
 
 #include "platform/Utf8.h"
+#include "platform/VisibleText.h"
 
 #include <array>
 #include <cstdio>
@@ -8,15 +9,6 @@
 namespace vantel {
 
 namespace {
-
-bool isWithin(char32_t character, char32_t first, char32_t last) {
-    return character >= first && character <= last;
-}
-
-bool mayBeObeyed(char32_t character) {
-    return isWithin(character, 0x7F, 0x9F) || character == 0x061C || isWithin(character, 0x200E, 0x200F) ||
-           isWithin(character, 0x2028, 0x202E) || isWithin(character, 0x2066, 0x2069);
-}
 
 std::string escaped(char32_t character) {
     std::array<char, 7> text{};
@@ -27,7 +19,7 @@ std::string escaped(char32_t character) {
 } // namespace
 
 std::string terminalJson(std::string_view json) {
-    constexpr std::string_view firstBytes = "\x7F\xC2\xD8\xE2"; // of the characters that matter
+    constexpr std::string_view firstBytes = "\x7F\xC2\xD8\xE2\xEF"; // of what may be obeyed
     std::string result;
     result.reserve(json.size());
     while (true) {

@@ -8,6 +8,7 @@
 #include "platform/LocalizedFormats.h"
 #include "platform/SystemCalendar.h"
 #include "platform/Utf8.h"
+#include "platform/VisibleText.h"
 #include "widgets/SnapshotProvider.h"
 #include "widgets/VantelWidgetsBundle.h"
 
@@ -39,16 +40,10 @@ const Formats& anyFormats(FuzzedDataProvider& input) {
     return *input.PickValueInArray(formats);
 }
 
-bool turnsAround(char32_t c) {
-    return c == 0x061C || (c >= 0x200E && c <= 0x200F) || (c >= 0x202A && c <= 0x202E) ||
-           (c >= 0x2066 && c <= 0x2069);
-}
-
 void judgeCharacters(std::string_view text) {
     while (!text.empty()) {
         const auto [c, length] = firstCodePoint(text);
-        promise((c >= 0x20 && (c < 0x7F || c > 0x9F)) || c == '\n', "a terminal gets no control character");
-        promise(!turnsAround(c), "a terminal gets nothing that turns the reading around");
+        promise(!mayBeObeyed(c) || c == '\n', "a terminal gets nothing that it obeys");
         text.remove_prefix(length);
     }
 }

@@ -42,8 +42,7 @@ std::string controlPicture(char32_t character) {
 std::string shown(char32_t character, std::string_view bytes) {
     if (isControl(character))
         return controlPicture(character);
-    if (character == replacementCharacter || isDirectionControl(character) || isOldFormatControl(character) ||
-        isSeparator(character))
+    if (character == replacementCharacter || mayBeObeyed(character))
         return std::string(replacement);
     return std::string(bytes);
 }
@@ -53,6 +52,11 @@ bool takesNoRoom(std::string_view visible) {
 }
 
 } // namespace
+
+bool mayBeObeyed(char32_t character) {
+    return isControl(character) || isDirectionControl(character) || isOldFormatControl(character) ||
+           isSeparator(character);
+}
 
 std::string visibleText(std::string_view text) {
     std::string result;

@@ -5,6 +5,10 @@
 
 namespace vantel {
 
+/// Whether a character is more than seen, on a terminal or by whoever reads there: controls, and what turns
+/// the reading direction around or ends a line.
+bool mayBeObeyed(char32_t character);
+
 /// A text from anywhere, made safe to show on one line of a terminal or a log: it can move no cursor, hide
 /// nothing and turn no reading direction around.
 ///

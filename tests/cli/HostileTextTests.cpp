@@ -129,6 +129,25 @@ TEST_F(HostileTextTest, NoArgumentReachesTheTerminalAsItIs) {
     expectHarmless({"journal", "list"});
 }
 
+TEST_F(HostileTextTest, JsonEscapesWhatMayBeObeyedAndNothingBesideIt) {
+    struct Row {
+        std::string character;
+        std::string written;
+    };
+    for (const auto& [character, written] : std::vector<Row>{
+             {"\x7F", "\\u007f"},   {"\u0080", "\\u0080"}, {"\u009F", "\\u009f"}, {"\u00A0", "\u00A0"},
+             {"\u061B", "\u061B"},  {"\u061C", "\\u061c"}, {"\u061D", "\u061D"},  {"\u200D", "\u200D"},
+             {"\u200E", "\\u200e"}, {"\u200F", "\\u200f"}, {"\u2010", "\u2010"},  {"\u2027", "\u2027"},
+             {"\u2028", "\\u2028"}, {"\u202E", "\\u202e"}, {"\u202F", "\u202F"},  {"\u2065", "\u2065"},
+             {"\u2066", "\\u2066"}, {"\u2069", "\\u2069"}, {"\u206A", "\\u206a"}, {"\u206F", "\\u206f"},
+             {"\u2070", "\u2070"},  {"\uFFF8", "\uFFF8"},  {"\uFFF9", "\\ufff9"}, {"\uFFFA", "\\ufffa"},
+             {"\uFFFB", "\\ufffb"}, {"\uFFFC", "\uFFFC"},  {"\uFFFD", "\uFFFD"},  {"\uFF21", "\uFF21"}}) {
+        const Finished finished =
+            vantelctl(Words{"journal", "append", "a" + character + "b", "--account", "A", "--json"});
+        EXPECT_THAT(finished.output, ::testing::HasSubstr("\"a" + written + "b\"")) << written;
+    }
+}
+
 TEST_F(HostileTextTest, AHugeTitleIsShownLikeAnyOther) {
     const std::string document = documentOf({hugeTexts().front()});
     ASSERT_EQ(vantelctl({"snapshot", "write", "-"}, document).status, 0);

@@ -177,7 +177,7 @@ void addUnicode(std::vector<HostileText>& texts) {
 bool isObeyed(char32_t c) {
     const bool isControl = (c < 0x20 && c != '\n') || (c >= 0x7F && c <= 0x9F);
     const bool turnsAround = c == 0x061C || (c >= 0x200E && c <= 0x200F) || (c >= 0x2028 && c <= 0x202E) ||
-                             (c >= 0x2066 && c <= 0x2069);
+                             (c >= 0x2066 && c <= 0x206F) || (c >= 0xFFF9 && c <= 0xFFFB);
     return isControl || turnsAround;
 }
 
