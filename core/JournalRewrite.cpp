@@ -34,12 +34,18 @@ struct Opened {
     Result<void> finished;
 };
 
-Result<Opened> readFinished(const LockedJournal& journal, const Plan& copied) {
-    auto bytes = journal.handle.readToEnd();
+/// Absent, and nothing is read, where no rewrite was left undone.
+Result<std::optional<Opened>> openUnfinished(const LockedJournal& journal) {
+    const auto copied = RedoCopy::unfinished(journal.file, journal.files);
+    if (!copied)
+        return std::unexpected(copied.error());
+    if (!*copied)
+        return std::nullopt;
+    const auto bytes = journal.handle.readToEnd();
     if (!bytes)
         return std::unexpected(bytes.error());
-    Plan wanted = RedoCopy::withLinesBeyond(copied, *bytes);
-    auto finished = finish(journal, copied, wanted, *bytes);
+    Plan wanted = RedoCopy::withLinesBeyond(**copied, *bytes);
+    auto finished = finish(journal, **copied, wanted, *bytes);
     return Opened{std::move(wanted.contents), std::move(finished)};
 }
 
@@ -58,27 +64,20 @@ Result<void> writeAndSync(FileHandle& handle, std::string_view bytes) {
 }
 
 Result<void> finishRewrite(const LockedJournal& journal) {
-    const auto copied = RedoCopy::unfinished(journal.file, journal.files);
-    if (!copied)
-        return std::unexpected(copied.error());
-    if (!*copied)
-        return {};
-    const auto opened = readFinished(journal, **copied);
+    const auto opened = openUnfinished(journal);
     if (!opened)
         return std::unexpected(opened.error());
-    return opened->finished ? journal.handle.seek(0) : opened->finished;
+    if (!*opened)
+        return {};
+    const Result<void>& finished = (*opened)->finished;
+    return finished ? journal.handle.seek(0) : finished;
 }
 
 Result<std::string> readJournal(const LockedJournal& journal) {
-    const auto copied = RedoCopy::unfinished(journal.file, journal.files);
-    if (!copied)
-        return std::unexpected(copied.error());
-    if (!*copied)
-        return journal.handle.readToEnd();
-    auto opened = readFinished(journal, **copied);
+    auto opened = openUnfinished(journal);
     if (!opened)
         return std::unexpected(opened.error());
-    return std::move(opened->bytes);
+    return *opened ? std::move((*opened)->bytes) : journal.handle.readToEnd();
 }
 
 Result<void> rewriteJournal(const LockedJournal& journal, const Plan& plan, std::string_view before) {
