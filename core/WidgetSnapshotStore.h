@@ -19,7 +19,9 @@ struct WidgetSnapshotStore {
     /// The valid snapshot, or absent. Never fails: whatever goes wrong, there is no snapshot.
     std::optional<WidgetSnapshot> load(FileSystem& files = systemFileSystem()) const;
 
-    /// Replaces the snapshot file, whole and durably. On failure the old file stands.
+    /// Replaces the snapshot file, whole: a reader, or the disk after a power cut, has the old one or the new
+    /// one. On failure the old file stands. The folder is synchronized too, so that it should be the new one,
+    /// but a disk that fails to is no failure: readers have the new file by then.
     Result<void> write(const WidgetSnapshot& snapshot, FileSystem& files = systemFileSystem()) const;
 
     /// Deletes the snapshot file if it exists.

@@ -17,7 +17,8 @@ Result<std::optional<FileStatus>> statusIfPresent(const FileURL& file, FileSyste
 /// Puts `bytes` in the file's place so that every reader, and the disk after a power cut, has either the old
 /// file or the new one, whole. The new file keeps the old one's mode (0644 less the umask for a first file)
 /// and has it before it has the bytes; a symbolic link is replaced, not followed. On failure the old file
-/// stands and no temporary is left.
+/// stands and no temporary is left. Once the new file is in place a folder that does not synchronize is no
+/// failure: the disk may then have the old file after a power cut, but no reader has it any more.
 Result<void> writeFileAtomically(const FileURL& file, std::string_view bytes, FileSystem& files);
 
 /// As writeFileAtomically, but the new file has the mode of `like`, and success means that its name, too,

@@ -117,9 +117,8 @@ public:
         const int descriptor = ::open(file.c_str(), flagsFor(mode), sharedFile);
         if (descriptor < 0)
             return std::unexpected(failure("open", file));
-        if (mode == OpenMode::lock)
-            ::fcntl(descriptor, F_SETFD,
-                    FD_CLOEXEC); // No child may keep the lock of a process that is killed.
+        if (mode == OpenMode::lock) // No child may keep the lock of a process that is killed.
+            ::fcntl(descriptor, F_SETFD, FD_CLOEXEC);
         return descriptor;
     }
 
