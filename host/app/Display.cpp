@@ -1,14 +1,13 @@
 #include "host/app/Display.h"
 
 #include "host/surface/WaylandEnvironment.h"
+#include "platform/InformationDictionary.h"
 
 #include <QDir>
 #include <QLibraryInfo>
 #include <algorithm>
 #include <cstdlib>
-#include <filesystem>
 #include <optional>
-#include <system_error>
 
 #include <xcb/xcb.h>
 
@@ -56,10 +55,8 @@ DisplayFacts::ToolkitPart findWaylandPart() {
 }
 
 /// Beside the program, built or installed. Settings of the machine or the user would change the pictures.
-std::filesystem::path pictureFontSettings() {
-    std::error_code ignored;
-    const auto program = std::filesystem::read_symlink("/proc/self/exe", ignored);
-    return program.parent_path().parent_path() / "share/vantel-widgets/fonts/fonts.conf";
+FileURL pictureFontSettings() {
+    return mainExecutable().parent_path().parent_path() / "share/vantel-widgets/fonts/fonts.conf";
 }
 
 } // namespace
