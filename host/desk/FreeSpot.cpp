@@ -44,23 +44,32 @@ std::vector<int> rows(const std::vector<QRect>& taken, const QRect& area, int ga
     return tops;
 }
 
-/// Where the free place that is nearest to a wanted one can begin: as far along as that, or beside a card.
-std::vector<int> nearColumns(const QRect& wanted, const std::vector<QRect>& taken, int gap) {
-    std::vector<int> lefts{wanted.x()};
-    for (const QRect& other : taken) {
-        lefts.push_back(other.x() - gap - wanted.width());
-        lefts.push_back(other.x() + other.width() + gap);
-    }
-    return lefts;
+/// A card along one axis.
+struct Span {
+    int start;
+    int length;
+};
+
+Span acrossSpan(const QRect& card) {
+    return {card.x(), card.width()};
 }
 
-std::vector<int> nearRows(const QRect& wanted, const std::vector<QRect>& taken, int gap) {
-    std::vector<int> tops{wanted.y()};
-    for (const QRect& other : taken) {
-        tops.push_back(other.y() - gap - wanted.height());
-        tops.push_back(other.y() + other.height() + gap);
+Span downSpan(const QRect& card) {
+    return {card.y(), card.height()};
+}
+
+/// Where, along one axis, the free place that is nearest to a wanted one can begin: as far along as that, or
+/// beside a card.
+std::vector<int> nearStarts(Span (*spanOf)(const QRect&), const QRect& wanted,
+                            const std::vector<QRect>& taken, int gap) {
+    const Span own = spanOf(wanted);
+    std::vector<int> starts{own.start};
+    for (const QRect& card : taken) {
+        const Span other = spanOf(card);
+        starts.push_back(other.start - gap - own.length);
+        starts.push_back(other.start + other.length + gap);
     }
-    return tops;
+    return starts;
 }
 
 std::optional<QPoint> nearestWithGap(const QRect& wanted, const std::vector<QRect>& taken, const QRect& area,
@@ -69,8 +78,8 @@ std::optional<QPoint> nearestWithGap(const QRect& wanted, const std::vector<QRec
     const QRect start(clamped(wanted, inside), wanted.size());
     std::optional<QPoint> nearest;
     int shortest = std::numeric_limits<int>::max();
-    for (const int left : nearColumns(start, taken, gap))
-        for (const int top : nearRows(start, taken, gap)) {
+    for (const int left : nearStarts(acrossSpan, start, taken, gap))
+        for (const int top : nearStarts(downSpan, start, taken, gap)) {
             const QRect spot(QPoint(left, top), wanted.size());
             const QPoint way = spot.topLeft() - wanted.topLeft();
             const int distance = QPoint::dotProduct(way, way);
