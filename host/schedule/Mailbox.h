@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QObject>
-#include <QTimer>
 #include <functional>
 #include <memory>
 #include <mutex>
@@ -19,7 +18,7 @@ public:
         void post(std::function<void()> message) const {
             const std::scoped_lock lock(m_state->mutex);
             if (m_state->receiver != nullptr)
-                QTimer::singleShot(0, m_state->receiver, std::move(message));
+                QMetaObject::invokeMethod(m_state->receiver, std::move(message), Qt::QueuedConnection);
         }
 
     private:
