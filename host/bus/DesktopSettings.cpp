@@ -1,11 +1,10 @@
 #include "host/bus/DesktopSettings.h"
 
+#include <QCoreApplication>
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QEvent>
 #include <QEventLoop>
-#include <QGuiApplication>
-#include <QPalette>
 #include <QTimer>
 #include <utility>
 
@@ -34,11 +33,6 @@ DesktopSettings::DesktopSettings(SessionBus& bus, std::function<bool()> isPalett
     QCoreApplication::instance()->installEventFilter(this);
     connect(&m_bus, &SessionBus::reconnected, this, &DesktopSettings::askForAll);
     askForAll();
-}
-
-bool DesktopSettings::isApplicationDark() {
-    constexpr int half = 128;
-    return QGuiApplication::palette().color(QPalette::Window).lightness() < half;
 }
 
 void DesktopSettings::awaitAnswers(std::chrono::milliseconds patience) const {

@@ -21,11 +21,7 @@ class DesktopSettings final : public QObject {
 public:
     /// `bus` lives longer. `isPaletteDark` tells of the desktop's own palette, where the program may have
     /// put another one in its place.
-    explicit DesktopSettings(SessionBus& bus, std::function<bool()> isPaletteDark = isApplicationDark,
-                             QObject* parent = nullptr);
-
-    /// Whether the palette of the application is dark.
-    static bool isApplicationDark();
+    DesktopSettings(SessionBus& bus, std::function<bool()> isPaletteDark, QObject* parent = nullptr);
 
     /// Waits until the portal has answered all that it was asked, or the time is over; meanwhile events
     /// are handled. Ends at once where there is no portal.

@@ -1,3 +1,4 @@
+#include "host/app/Palette.h"
 #include "host/bus/DesktopSettings.h"
 #include "tests/host/bus/MockPortal.h"
 #include "tests/host/schedule/WindowThread.h"
@@ -21,9 +22,10 @@ const QString colorScheme = u"color-scheme"_s;
 /// A palette of the whole program, put back at the end.
 class ScopedPalette {
 public:
-    explicit ScopedPalette(const QColor& window) {
+    ScopedPalette(const QColor& window, const QColor& text) {
         QPalette palette = m_before;
         palette.setColor(QPalette::Window, window);
+        palette.setColor(QPalette::WindowText, text);
         QGuiApplication::setPalette(palette);
     }
     ScopedPalette(const ScopedPalette&) = delete;
@@ -37,7 +39,7 @@ private:
 class DesktopSettingsTest : public ::testing::Test {
 protected:
     void begin() {
-        settings.emplace(bus);
+        settings.emplace(bus, isDesktopPaletteDark);
         QObject::connect(&*settings, &DesktopSettings::changed,
                          [this](const DesktopPreferences& preferences) { heard.push_back(preferences); });
     }
@@ -51,7 +53,7 @@ protected:
             waitUntil([&] { return portal.hasReadOne || portal.calls.last().startsWith(u"Read "_s); }));
     }
 
-    const ScopedPalette light{Qt::white};
+    const ScopedPalette light{Qt::white, Qt::black};
     PrivateBus privateBus;
     MockPortal portal{privateBus};
     SessionBus bus{privateBus.address(), 1ms};
@@ -130,16 +132,16 @@ TEST_F(DesktopSettingsTest, ThePaletteCountsWhileThePortalHasNoPreference) {
     begin();
     waitForAnswers();
     {
-        const ScopedPalette dark(Qt::black);
+        const ScopedPalette dark(Qt::black, Qt::white);
         EXPECT_TRUE(waitUntil([this] { return settings->preferences().isDark; }));
     }
     EXPECT_TRUE(waitUntil([this] { return !settings->preferences().isDark; }));
 }
 
 TEST(DesktopSettingsWithoutBus, FollowThePalette) {
-    const ScopedPalette dark(Qt::black);
+    const ScopedPalette dark(Qt::black, Qt::white);
     SessionBus bus{QString()};
-    const DesktopSettings settings(bus);
+    const DesktopSettings settings(bus, isDesktopPaletteDark);
     EXPECT_EQ(settings.preferences(), DesktopPreferences{.isDark = true});
 }
 
