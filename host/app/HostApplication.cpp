@@ -296,7 +296,6 @@ QWidget* HostApplication::makePreview(const StaticConfiguration& widget, WidgetF
     const Instant now = m_clock->now();
     CardWidget* card = m_previews.makeCard({widget.kind, family});
     card->setNow(now);
-    card->setEnabled(false);
     if (const auto view = previewOf(widget, family, now, m_formats))
         card->setView(*view);
     noteNextTick(now);

@@ -15,13 +15,6 @@ constexpr double ringWidth = 3;
 constexpr double ringGap = 3;
 constexpr float hoverOpacity = 0.35F;
 
-void makeInert(QWidget& preview) {
-    preview.setAttribute(Qt::WA_TransparentForMouseEvents);
-    preview.setFocusPolicy(Qt::NoFocus);
-    for (QWidget* child : preview.findChildren<QWidget*>())
-        child->setFocusPolicy(Qt::NoFocus);
-}
-
 QColor faded(QColor color, float opacity) {
     color.setAlphaF(opacity);
     return color;
@@ -35,7 +28,8 @@ GalleryTile::GalleryTile(QWidget* preview, double scale, QWidget* parent)
     , m_scale(scale) {
     preview->setParent(this);
     preview->move(ringRoom(scale), ringRoom(scale));
-    makeInert(*preview);
+    preview->setAttribute(Qt::WA_TransparentForMouseEvents);
+    preview->setEnabled(false);
     setFocusPolicy(Qt::StrongFocus);
     setAttribute(Qt::WA_Hover);
     setCursor(Qt::PointingHandCursor);

@@ -5,7 +5,7 @@
 namespace vantel {
 
 /// A widget's preview that is pressed to place it: by a click, or with Enter or Space where it has the focus.
-/// The preview itself takes no clicks and no focus.
+/// The preview itself is disabled: it takes no clicks and no focus.
 class GalleryTile final : public QAbstractButton {
     Q_OBJECT
 
