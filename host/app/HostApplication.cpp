@@ -109,30 +109,34 @@ HostApplication::HostApplication(HostedWidgets widgets, const Formats& formats)
 HostApplication::~HostApplication() = default;
 
 int HostApplication::run() {
-    if (m_service.start(activationToken()) == WidgetsService::Start::alreadyRunning)
-        return EXIT_SUCCESS;
-    return runUntilEnd();
+    return runWith({});
 }
 
 int HostApplication::runWithGallery() {
-    if (m_service.start(activationToken(), galleryAction) == WidgetsService::Start::alreadyRunning)
-        return EXIT_SUCCESS;
-    m_settings.awaitAnswers(patienceWithPortal);
-    showGallery(activationToken());
-    return runUntilEnd();
+    return runWith(galleryAction);
 }
 
-int HostApplication::runUntilEnd() {
+int HostApplication::runWith(const QString& action) {
+    if (m_service.start(activationToken(), action) == WidgetsService::Start::alreadyRunning)
+        return EXIT_SUCCESS;
     QApplication::setQuitOnLastWindowClosed(false);
     SignalWatch signalWatch;
     connect(&signalWatch, &SignalWatch::endRequested, qApp, &QApplication::quit);
     connect(qApp, &QApplication::aboutToQuit, this, &HostApplication::finishWriting);
     m_settings.awaitAnswers(patienceWithPortal);
-    connect(&m_service, &WidgetsService::activated, this, &HostApplication::comeForward);
     takePreferences(m_settings.preferences());
+    perform(action, activationToken());
     m_desk.start();
+    connect(&m_service, &WidgetsService::activated, this, &HostApplication::comeForward);
     QTimer::singleShot(0, this, &HostApplication::watchDays);
     return QApplication::exec();
+}
+
+void HostApplication::perform(const QString& action, const QString& activationToken) {
+    if (action == galleryAction)
+        showGallery(activationToken);
+    else if (action == u"reload")
+        m_schedule.reloadAll();
 }
 
 /// Presses go on while the places are waited for, and may wait for others: so they come last.
@@ -179,7 +183,7 @@ void HostApplication::joinDesk() {
         if (auto* shown = qobject_cast<CardWidget*>(card))
             shown->focusFirst();
     });
-    connect(&m_desk, &Desk::addWidgetsAsked, this, qOverload<>(&HostApplication::showGallery));
+    connect(&m_desk, &Desk::addWidgetsAsked, this, [this] { showGallery(); });
     connect(&m_desk, &Desk::reloadAsked, &m_schedule, &WidgetSchedule::reload);
     connect(&m_desk, &Desk::aboutAsked, this, &HostApplication::showAbout);
     connect(&m_desk, &Desk::quitAsked, qApp, &QApplication::quit);
@@ -188,14 +192,8 @@ void HostApplication::joinDesk() {
 
 void HostApplication::joinBus() {
     connect(&m_service, &WidgetsService::focusRequested, &m_desk, &Desk::focusWidgets);
-    connect(&m_service, &WidgetsService::galleryRequested, this, qOverload<>(&HostApplication::showGallery));
-    connect(&m_service, &WidgetsService::actionRequested, this,
-            [this](const QString& action, const QString& token) {
-                if (action == galleryAction)
-                    showGallery(token);
-                else if (action == u"reload")
-                    m_schedule.reloadAll();
-            });
+    connect(&m_service, &WidgetsService::galleryRequested, this, [this] { showGallery(); });
+    connect(&m_service, &WidgetsService::actionRequested, this, &HostApplication::perform);
     connect(&m_service, &WidgetsService::reloadRequested, &m_schedule, &WidgetSchedule::reload);
     connect(&m_service, &WidgetsService::reloadAllRequested, &m_schedule, &WidgetSchedule::reloadAll);
 }
@@ -272,10 +270,6 @@ void HostApplication::comeForward(const QString& activationToken) {
         showGallery(activationToken);
     else
         m_desk.focusWidgets();
-}
-
-void HostApplication::showGallery() {
-    showGallery({});
 }
 
 void HostApplication::showGallery(const QString& activationToken) {

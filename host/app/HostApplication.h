@@ -35,7 +35,8 @@ public:
     int runWithGallery();
 
 private:
-    int runUntilEnd();
+    int runWith(const QString& action);
+    void perform(const QString& action, const QString& activationToken);
     void finishWriting();
     void joinCards();
     void joinSchedule();
@@ -51,8 +52,7 @@ private:
     void takePreferences(const DesktopPreferences& preferences);
     void noteNextTick(Instant now);
     void comeForward(const QString& activationToken);
-    void showGallery();
-    void showGallery(const QString& activationToken);
+    void showGallery(const QString& activationToken = {});
     QWidget* makePreview(const StaticConfiguration& widget, WidgetFamily family);
     void showAbout();
 
