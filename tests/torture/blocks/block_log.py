@@ -11,7 +11,7 @@ import signal
 import stat
 import struct
 
-from loop_disk import mount, unmount
+from loop_disk import mount, opened, unmount
 
 LOOKUP, FORGET, GETATTR, SETATTR, OPEN, READ, WRITE, STATFS = 1, 2, 3, 4, 14, 15, 16, 17
 RELEASE, FSYNC, FLUSH, INIT, INTERRUPT, BATCH_FORGET = 18, 20, 25, 26, 36, 42
@@ -26,7 +26,7 @@ class BlockLog:
 
     def __init__(self, image, folder, log, positions):
         self.folder = folder
-        self.channel = os.open("/dev/fuse", os.O_RDWR | os.O_CLOEXEC)
+        self.channel = opened("/dev/fuse")
         mount("disk", folder, "fuse", f"fd={self.channel},rootmode=40000,user_id=0,group_id=0")
         self.image, self.log, self.positions = image, log, positions
         self.process = os.fork()

@@ -1,6 +1,8 @@
 """Disks that lie in files, mounted through loop devices. They go with their mounts."""
 
+import contextlib
 import ctypes
+import errno
 import fcntl
 import os
 import struct
@@ -11,10 +13,26 @@ FORGET_DEVICE = 0x50009405
 libc = ctypes.CDLL(None, use_errno=True)
 
 
+class Skipped(Exception):
+    """What is needed is not there."""
+
+
+@contextlib.contextmanager
+def what_a_machine_may_refuse():
+    """Where the rights or the driver are missing, nothing can be tried; any other error is one."""
+    try:
+        yield
+    except OSError as error:
+        if error.errno in (errno.EPERM, errno.EACCES, errno.ENODEV):
+            raise Skipped(str(error)) from error
+        raise
+
+
 def check(result, what):
     if result != 0:
         number = ctypes.get_errno()
-        raise OSError(number, f"{what}: {os.strerror(number)}")
+        with what_a_machine_may_refuse():
+            raise OSError(number, f"{what}: {os.strerror(number)}")
 
 
 def mount(source, target, kind, data=""):
@@ -25,18 +43,19 @@ def unmount(target, lazily=False):
     check(libc.umount2(target.encode(), 2 if lazily else 0), f"umount {target}")
 
 
-class Skipped(Exception):
-    """What is needed is not there."""
+def opened(path):
+    with what_a_machine_may_refuse():
+        return os.open(path, os.O_RDWR | os.O_CLOEXEC)
 
 
 def loop_device(path):
     """A device over the file, as an open descriptor and its name. It goes when it is closed and unmounted."""
     for _ in range(20):
-        with open("/dev/loop-control", "rb") as control:
+        with os.fdopen(opened("/dev/loop-control")) as control, what_a_machine_may_refuse():
             name = f"/dev/loop{fcntl.ioctl(control, LOOP_CTL_GET_FREE)}"
         if not os.path.exists(name):
             raise Skipped(f"there is no {name}")
-        device, file = os.open(name, os.O_RDWR | os.O_CLOEXEC), os.open(path, os.O_RDWR | os.O_CLOEXEC)
+        device, file = opened(name), os.open(path, os.O_RDWR | os.O_CLOEXEC)
         try:
             fcntl.ioctl(device, LOOP_SET_FD, file)
             fcntl.ioctl(device, LOOP_SET_STATUS64, struct.pack("<5Q4I160x2Q", *[0] * 8, GONE_WITH_ITS_LAST_USER, 0, 0))

@@ -42,7 +42,7 @@ def main(programs):
     with tempfile.TemporaryDirectory() as folder:
         try:
             return fill(programs, folder)
-        except (Skipped, OSError, subprocess.CalledProcessError) as reason:
+        except (Skipped, subprocess.CalledProcessError) as reason:
             print(f"a quota: skipped, {reason}")
             return SKIPPED
 
