@@ -5,7 +5,6 @@
 
 #include <QApplication>
 #include <QEventLoop>
-#include <set>
 
 namespace vantel::torture {
 
@@ -22,11 +21,6 @@ SimulatedDesktop::SimulatedDesktop(double secondsSinceReference)
         --m_awaited;
     });
     placeAll(VantelWidgetsBundle::body());
-}
-
-void SimulatedDesktop::takeSnapshot() {
-    reload();
-    awaitAnswers();
 }
 
 void SimulatedDesktop::liveOn() {

@@ -16,11 +16,8 @@ class SimulatedDesktop final {
 public:
     explicit SimulatedDesktop(double secondsSinceReference);
 
-    /// Shows the snapshot that is in the container now. Returns, as all others do, when every card is right
-    /// and drawn.
-    void takeSnapshot();
-
-    /// Goes on to the next moment at which anything is to change.
+    /// Goes on to the next moment at which anything is to change. Returns, as all others do, when every card
+    /// is right and drawn.
     void liveOn();
 
     /// Somebody sets the clock.

@@ -32,12 +32,12 @@ public:
 
     int live() {
         const long settled = std::min(m_reloads / 2, reloadsUntilSettled);
-        liveUntil(settled, Comparison::often);
+        liveUntil(settled);
         const ProcessCounts before = countAtRest();
         std::cout << "after " << settled << " reloads: " << described(before) << std::endl;
-        liveUntil(m_reloads, Comparison::never);
+        liveUntil(m_reloads);
         expectNothingGathered(before, countAtRest());
-        compareNow("in the end");
+        compare("in the end");
         std::cout << m_desktop.reloads() << " reloads, " << m_jumps << " times the clock was set, "
                   << m_travels << " zones, " << m_compared << " times compared with a fresh start"
                   << std::endl;
@@ -45,12 +45,7 @@ public:
     }
 
 private:
-    /// Each fresh start begins threads of its own, which leave memory behind that no program on a desktop
-    /// would: so none is made while memory is watched.
-    enum class Comparison { often, never };
-
-    void liveUntil(long reloads, Comparison comparison) {
-        m_comparison = comparison;
+    void liveUntil(long reloads) {
         for (; m_desktop.reloads() < reloads; ++m_round) {
             beginDay();
             for (int i = 0; i < 20; ++i)
@@ -86,13 +81,8 @@ private:
         compare(std::string("after going to ") + zone);
     }
 
-    void compare(const std::string& when) {
-        if (m_comparison == Comparison::often)
-            compareNow(when);
-    }
-
     /// Whatever has happened, the cards show what they would if everything had begun at this moment.
-    void compareNow(const std::string& when) {
+    void compare(const std::string& when) {
         const SimulatedDesktop fresh(m_desktop.seconds());
         m_report.expect(m_desktop.contents() == fresh.contents(),
                         "other cards than those of a fresh start " + when);
@@ -126,7 +116,6 @@ private:
     SimulatedDesktop m_desktop;
     Report m_report;
     std::minstd_rand m_random{1};
-    Comparison m_comparison = Comparison::often;
     std::size_t m_round = 0;
     long m_jumps = 0;
     long m_travels = 0;
@@ -141,9 +130,7 @@ int main(int count, char** arguments) {
     ::setenv("QT_QPA_PLATFORM", "offscreen", 1);
     ::setenv("TZ", "Europe/Berlin", 1);
     const QApplication application(count, arguments);
-    const std::filesystem::path memory = "/dev/shm";
-    const vantel::testing::ScratchDataHome dataHome(
-        std::filesystem::is_directory(memory) ? memory : std::filesystem::temp_directory_path());
+    const vantel::testing::ScratchDataHome dataHome(vantel::testing::quickFolder());
     return vantel::torture::Years(count > 1 ? std::atol(arguments[1]) : 1000, VANTEL_TEST_DATA "/samples")
         .live();
 }
