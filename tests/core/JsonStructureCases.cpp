@@ -1,15 +1,9 @@
 #include "tests/core/JsonCases.h"
+#include "tests/fakes/Repeated.h"
 
 namespace vantel::testing {
 
 namespace {
-
-std::string times(std::size_t count, const std::string& text) {
-    std::string result;
-    for (std::size_t i = 0; i < count; ++i)
-        result += text;
-    return result;
-}
 
 struct Nesting {
     std::string open;
@@ -19,7 +13,7 @@ struct Nesting {
     JsonValue value;
 
     std::string nested(std::size_t count) const {
-        return times(count, open) + innermost + times(count, close);
+        return repeated(open, count) + innermost + repeated(close, count);
     }
 };
 
@@ -44,7 +38,7 @@ void addArrays(std::vector<JsonCase>& cases) {
         cases.push_back(valid(empty, JsonValue::emptyArray));
     for (const std::string& array :
          {std::string("[[]]"), std::string("[1,[2,{\"a\":[]}],null]"), std::string("[ 1 , 2 ]"),
-          std::string("[\"\",{},[],true,1e5]"), "[" + times(9'999, "0,") + "0]"})
+          std::string("[\"\",{},[],true,1e5]"), "[" + repeated("0,", 9'999) + "0]"})
         cases.push_back(valid(array, JsonValue::array));
     for (const char* near : {"[",      "]",     "[,]",          "[1,]",  "[,1]", "[1,,2]",    "[1 2]",
                              "[1;2]",  "[1:2]", "[1",           "1]",    "[[]",  "[]]",       "[1}",
@@ -126,7 +120,7 @@ void addUnclosed(std::vector<JsonCase>& cases) {
     constexpr std::size_t many = 100'000;
     for (const char* open :
          {"[", "{\"a\":", "[{\"\":", "{", "[[],", "]", "}", "\"a\",", "-", "[1,", "/*", "\\"}) {
-        JsonCase unclosed = invalid(times(many, open));
+        JsonCase unclosed = invalid(repeated(open, many));
         unclosed.name = std::string(open) + " without an end";
         cases.push_back(unclosed);
     }

@@ -1,4 +1,5 @@
 #include "tests/fakes/HostileTexts.h"
+#include "tests/fakes/Repeated.h"
 
 namespace vantel::testing {
 

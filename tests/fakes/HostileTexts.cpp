@@ -1,6 +1,7 @@
 #include "tests/fakes/HostileTexts.h"
 
 #include "platform/Utf8.h"
+#include "tests/fakes/Repeated.h"
 
 namespace vantel::testing {
 
@@ -191,14 +192,6 @@ std::optional<char32_t> firstThatATerminalObeys(std::string_view output) {
         output.remove_prefix(character.length);
     }
     return std::nullopt;
-}
-
-std::string repeated(const std::string& text, std::size_t times) {
-    std::string result;
-    result.reserve(text.size() * times);
-    for (std::size_t i = 0; i < times; ++i)
-        result += text;
-    return result;
 }
 
 std::vector<HostileText> hostileTexts() {

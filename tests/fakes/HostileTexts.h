@@ -27,6 +27,4 @@ std::vector<std::string> hostileLinks();
 /// is none. Line feeds are fine.
 std::optional<char32_t> firstThatATerminalObeys(std::string_view output);
 
-std::string repeated(const std::string& text, std::size_t times);
-
 } // namespace vantel::testing

@@ -1,5 +1,6 @@
 #include "platform/DisplayWidth.h"
-#include "platform/Utf8.h"
+#include "tests/fakes/HostileTexts.h"
+#include "tests/fakes/Repeated.h"
 #include "tests/hosting/Cards.h"
 
 #include <array>
@@ -14,7 +15,7 @@ namespace {
 using namespace testing;
 using ::testing::HasSubstr;
 
-constexpr std::array<std::string_view, 16> hostileTexts = {
+constexpr std::array<std::string_view, 16> piecesOfText = {
     "\x1B[2J\x1B]0;title\x07",
     "\u009B31mred",
     "\u202Egnp.exe",
@@ -32,28 +33,8 @@ constexpr std::array<std::string_view, 16> hostileTexts = {
     "",
     "\u200B\u200B\uFEFF\u00AD"};
 
-std::string repeated(std::string_view text, std::size_t times) {
-    std::string result;
-    for (std::size_t i = 0; i < times; ++i)
-        result += text;
-    return result;
-}
-
-bool isSafeForATerminal(char32_t character) {
-    const bool isControl =
-        (character < 0x20 && character != '\n') || (character >= 0x7F && character <= 0x9F);
-    const bool turnsAround = character == 0x061C || (character >= 0x200E && character <= 0x200F) ||
-                             (character >= 0x202A && character <= 0x202E) ||
-                             (character >= 0x2066 && character <= 0x2069);
-    return !isControl && !turnsAround;
-}
-
 void expectSafe(std::string_view output) {
-    while (!output.empty()) {
-        const CodePoint character = firstCodePoint(output);
-        ASSERT_TRUE(isSafeForATerminal(character.value)) << static_cast<unsigned>(character.value);
-        output.remove_prefix(character.length);
-    }
+    EXPECT_EQ(firstThatATerminalObeys(output), std::nullopt);
 }
 
 /// The length of the escape sequence at the start of a text if it sets or resets colours, else 0.
@@ -102,7 +83,7 @@ private:
     unsigned pick(unsigned count) { return static_cast<unsigned>(m_random() % count); }
     double points() { return static_cast<double>(pick(80)) - 5; }
     std::optional<double> maybePoints() { return pick(2) == 0 ? std::optional(points()) : std::nullopt; }
-    std::string_view hostileText() { return hostileTexts.at(pick(hostileTexts.size())); }
+    std::string_view hostileText() { return piecesOfText.at(pick(piecesOfText.size())); }
 
     std::vector<Element> children(int depth) {
         std::vector<Element> result;

@@ -1,6 +1,7 @@
 #include "platform/DisplayWidth.h"
 #include "platform/Utf8.h"
 #include "platform/VisibleText.h"
+#include "tests/fakes/Repeated.h"
 
 #include <array>
 #include <random>
@@ -10,14 +11,9 @@
 namespace vantel {
 namespace {
 
-constexpr const char* replacement = "\uFFFD";
+using testing::repeated;
 
-std::string repeated(std::string_view text, int times) {
-    std::string result;
-    for (int i = 0; i < times; ++i)
-        result += text;
-    return result;
-}
+constexpr const char* replacement = "\uFFFD";
 
 bool isControlOfATerminal(char32_t character) {
     return character < 0x20 || (character >= 0x7F && character <= 0x9F);
