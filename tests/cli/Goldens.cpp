@@ -1,6 +1,7 @@
 #include "tests/cli/Goldens.h"
 
 #include "tests/cli/Program.h"
+#include "tests/fakes/ReadFile.h"
 
 #include <fstream>
 
@@ -21,7 +22,7 @@ void expectGolden(const std::string& name, const std::string& actual) {
     }
     ASSERT_TRUE(std::filesystem::exists(file))
         << "There is no golden " << name << "; --rebaseline writes it.";
-    EXPECT_EQ(contentsOf(file), actual) << "The golden " << name << " differs.";
+    EXPECT_EQ(readFile(file).value(), actual) << "The golden " << name << " differs.";
 }
 
 } // namespace vantel::testing

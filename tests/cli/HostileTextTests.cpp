@@ -1,6 +1,7 @@
 #include "platform/JsonWriter.h"
 #include "tests/cli/Program.h"
 #include "tests/fakes/HostileTexts.h"
+#include "tests/fakes/ReadFile.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -111,10 +112,10 @@ TEST_F(HostileTextTest, NoAnswerHoldsACharacterThatATerminalObeys) {
 TEST_F(HostileTextTest, WhatIsShownReadsBackAsItWas) {
     const std::string document = documentOf(hostileTexts());
     ASSERT_EQ(vantelctl({"snapshot", "write", "-"}, document).status, 0);
-    const std::string stored = contentsOf(vantelctl.container() / "widget-snapshot.json");
+    const auto stored = readFile(vantelctl.container() / "widget-snapshot.json");
     const Finished shown = vantelctl({"snapshot", "show"});
     ASSERT_EQ(vantelctl({"snapshot", "write", "-"}, shown.output).status, 0);
-    EXPECT_EQ(contentsOf(vantelctl.container() / "widget-snapshot.json"), stored);
+    EXPECT_EQ(readFile(vantelctl.container() / "widget-snapshot.json"), stored);
 }
 
 TEST_F(HostileTextTest, NoArgumentReachesTheTerminalAsItIs) {

@@ -1,8 +1,8 @@
 #include "tests/cli/Program.h"
 
+#include "tests/fakes/ReadFile.h"
+
 #include <cerrno>
-#include <fstream>
-#include <sstream>
 #include <system_error>
 
 #include <fcntl.h>
@@ -78,7 +78,7 @@ Finished Vantelctl::operator()(const std::vector<std::string>& arguments, const 
     if (number != 0)
         throw std::system_error(number, std::generic_category(), VANTELCTL_PROGRAM);
     const int status = exitStatusOf(child);
-    return {status, contentsOf(streams / "output"), contentsOf(streams / "error")};
+    return {status, readFile(streams / "output").value(), readFile(streams / "error").value()};
 }
 
 std::filesystem::path Vantelctl::container() const {
@@ -87,12 +87,6 @@ std::filesystem::path Vantelctl::container() const {
 
 std::filesystem::path dataFile(const std::string& name) {
     return std::filesystem::path(VANTEL_TEST_DATA) / name;
-}
-
-std::string contentsOf(const std::filesystem::path& file) {
-    std::ostringstream contents;
-    contents << std::ifstream(file, std::ios::binary).rdbuf();
-    return contents.str();
 }
 
 } // namespace vantel::testing

@@ -35,6 +35,4 @@ public:
 /// A file of tests/data.
 std::filesystem::path dataFile(const std::string& name);
 
-std::string contentsOf(const std::filesystem::path& file);
-
 } // namespace vantel::testing

@@ -4,6 +4,7 @@
 #include "tests/core/SampleJournal.h"
 #include "tests/core/SampleSnapshot.h"
 #include "tests/fakes/ChildProcess.h"
+#include "tests/fakes/LockProbe.h"
 #include "tests/fakes/ScratchFolder.h"
 
 #include <algorithm>
@@ -12,25 +13,17 @@
 #include <set>
 #include <sstream>
 
-#include <fcntl.h>
 #include <gmock/gmock.h>
-#include <sys/file.h>
-#include <unistd.h>
 
 /// The shared container under several real processes at once.
 namespace vantel {
 namespace {
 
 using testing::ChildProcess;
-
-/// Memory where the system has some: waiting for a disk would take most of the time and prove nothing here.
-FileURL quickFolder() {
-    const FileURL memory = "/dev/shm";
-    return std::filesystem::is_directory(memory) ? memory : std::filesystem::temp_directory_path();
-}
+using testing::isFree;
 
 struct Concurrency : ::testing::Test {
-    testing::ScratchDataHome dataHome{quickFolder()};
+    testing::ScratchDataHome dataHome{testing::quickFolder()};
 
     static ChildProcess start(std::vector<std::string> arguments) {
         return {VANTEL_STORAGE_WORKER, std::move(arguments)};
@@ -176,13 +169,6 @@ TEST_F(Concurrency, CompletionsAndACompanionsChangesLoseNoStampAndBringNoTaskBac
     EXPECT_EQ(WidgetSnapshot::load(), snapshot);
 }
 
-bool isLocked(const FileURL& file) {
-    const int descriptor = ::open(file.c_str(), O_RDWR | O_CLOEXEC);
-    const bool refused = ::flock(descriptor, LOCK_EX | LOCK_NB) != 0;
-    ::close(descriptor);
-    return refused;
-}
-
 TEST_F(Concurrency, KillingTheHolderOfALockFreesIt) {
     const auto loading = [] { EXPECT_EQ(WidgetSnapshot::load(), std::nullopt); };
     const auto reading = [] { EXPECT_TRUE(WidgetJournal::pending()); };
@@ -191,10 +177,10 @@ TEST_F(Concurrency, KillingTheHolderOfALockFreesIt) {
     for (const auto& [file, operate] : locks) {
         ChildProcess holder = start({"hold", file.string()});
         ASSERT_EQ(holder.readLine(), "locked");
-        EXPECT_TRUE(isLocked(file));
+        EXPECT_FALSE(isFree(file));
         holder.kill();
         EXPECT_EQ(holder.wait(), 128 + SIGKILL);
-        EXPECT_FALSE(isLocked(file));
+        EXPECT_TRUE(isFree(file));
         operate();
     }
 }

@@ -4,6 +4,7 @@
 #include "tests/core/SampleJournal.h"
 #include "tests/core/SampleSnapshot.h"
 #include "tests/fakes/ChildProcess.h"
+#include "tests/fakes/LockProbe.h"
 #include "tests/fakes/ScratchFolder.h"
 
 #include <csignal>
@@ -15,7 +16,6 @@
 
 #include <fcntl.h>
 #include <gmock/gmock.h>
-#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -24,6 +24,7 @@
 namespace vantel {
 namespace {
 
+using testing::isFree;
 using testing::sampleEntry;
 using testing::sampleSnapshot;
 using testing::sampleUuid;
@@ -121,14 +122,8 @@ TEST_P(HostilePlaces, InPlaceOfTheLockASnapshotIsReportedOnlyIfItIsThere) {
     EXPECT_TRUE(!isWritten || WidgetSnapshot::load() == sampleSnapshot());
 }
 
-/// Memory where the system has some: many operations are synced here.
-FileURL quickFolder() {
-    const FileURL memory = "/dev/shm";
-    return std::filesystem::is_directory(memory) ? memory : std::filesystem::temp_directory_path();
-}
-
 struct ChangingContainer : ::testing::Test {
-    testing::ScratchDataHome dataHome{quickFolder()};
+    testing::ScratchDataHome dataHome{testing::quickFolder()};
     FileURL container = WidgetShared::containerURL().value();
 
     /// Until /proc/locks shows that somebody waits for the lock on the file.
@@ -186,13 +181,6 @@ TEST_F(ChangingContainer, EveryUmaskThatLeavesTheUserHisRightsGivesPrivateFolder
              {*WidgetShared::journalURL(), *WidgetShared::snapshotURL(), *WidgetShared::snapshotLockURL()})
             EXPECT_EQ(systemFileSystem().status(file)->mode, 0644U & ~mask) << file << mask;
     }
-}
-
-bool isFree(const FileURL& file) {
-    const int descriptor = ::open(file.c_str(), O_RDWR | O_CLOEXEC);
-    const bool taken = ::flock(descriptor, LOCK_EX | LOCK_NB) == 0;
-    ::close(descriptor);
-    return taken;
 }
 
 /// A browser that was started to open a link outlives the widgets.

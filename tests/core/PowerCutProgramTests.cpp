@@ -22,10 +22,9 @@ namespace {
 using testing::Lasting;
 using testing::MemoryDisk;
 using testing::MemoryFileSystem;
+using testing::noon;
 using testing::sampleEntry;
 using testing::sampleUuid;
-
-const Instant noon = instantFromReference(788'961'600);
 
 /// What was begun, and what was reported.
 struct Ledger {

@@ -21,12 +21,11 @@ using testing::cutPowerAfterEachCall;
 using ::testing::IsSubsetOf;
 using testing::MemoryDisk;
 using testing::MemoryFileSystem;
+using testing::noon;
 using testing::sampleEntry;
 using testing::sampleLine;
 using testing::sampleSnapshot;
 using testing::sampleUuid;
-
-const Instant noon = instantFromReference(788'961'600);
 
 /// What a program that starts sees.
 struct View {

@@ -15,6 +15,9 @@ inline void PrintTo(const WidgetSnapshot& snapshot, std::ostream* stream) {
 
 namespace vantel::testing {
 
+/// Of the day whose morning the sample snapshot is of.
+inline constexpr Instant noon = instantFromReference(788'961'600);
+
 /// A small snapshot with something in each of its lists: the open tasks "a" and "b", and "c", which is
 /// completed.
 inline WidgetSnapshot sampleSnapshot(const std::string& accountID = "account") {

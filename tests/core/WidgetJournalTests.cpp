@@ -2,10 +2,10 @@
 #include "core/WidgetShared.h"
 #include "tests/core/SampleJournal.h"
 #include "tests/fakes/MemoryFileSystem.h"
+#include "tests/fakes/ReadFile.h"
 #include "tests/fakes/ScratchFolder.h"
 
 #include <csignal>
-#include <fstream>
 #include <limits>
 
 #include <gmock/gmock.h>
@@ -312,10 +312,7 @@ struct RealJournal : ::testing::Test {
         return status.st_ino;
     }
 
-    std::string contents() const {
-        std::ifstream stream(file);
-        return {std::istreambuf_iterator<char>(stream), {}};
-    }
+    std::string contents() const { return testing::readFile(file).value_or("missing"); }
 };
 
 TEST_F(RealJournal, IsFilledReadDrainedAndEmptied) {

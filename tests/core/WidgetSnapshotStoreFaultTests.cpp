@@ -14,11 +14,11 @@ using ::testing::IsSubsetOf;
 using testing::Lasting;
 using testing::MemoryDisk;
 using testing::MemoryFileSystem;
+using testing::noon;
 using testing::sampleSnapshot;
 
 const FileURL folder = "/data/container";
 const WidgetSnapshotStore store{folder / "snapshot", folder / "lock"};
-const Instant noon = instantFromReference(788'961'600);
 
 /// One operation on a stored snapshot, and what is stored when it has happened.
 struct Change {

@@ -1,9 +1,9 @@
 #include "core/WidgetSnapshotStore.h"
 #include "tests/core/SampleSnapshot.h"
 #include "tests/fakes/MemoryFileSystem.h"
+#include "tests/fakes/ReadFile.h"
 #include "tests/fakes/ScratchFolder.h"
 
-#include <fstream>
 #include <limits>
 
 #include <gmock/gmock.h>
@@ -18,12 +18,12 @@ using ::testing::ElementsAre;
 using testing::FileOperation;
 using testing::Lasting;
 using testing::MemoryFileSystem;
+using testing::noon;
 using ::testing::Not;
 using testing::sampleSnapshot;
 
 const FileURL folder = "/data/container";
 const WidgetSnapshotStore store{folder / "snapshot", folder / "lock"};
-const Instant noon = instantFromReference(788'961'600);
 
 /// A store on a memory disk.
 struct SnapshotStore : ::testing::Test {
@@ -361,8 +361,7 @@ TEST_F(RealSnapshotStore, AStampKeepsTheModeAndReplacesALinkInsteadOfFollowingIt
     EXPECT_EQ(store.applyCompletion("a", noon, "account"), true);
     EXPECT_FALSE(std::filesystem::is_symlink(store.snapshotURL));
     EXPECT_EQ(modeOf(store.snapshotURL), 0600U);
-    std::ifstream real(scratch / "real");
-    EXPECT_EQ(std::string(std::istreambuf_iterator<char>(real), {}), documentOf(sampleSnapshot()));
+    EXPECT_EQ(testing::readFile(scratch / "real"), documentOf(sampleSnapshot()));
 }
 
 } // namespace

@@ -1,9 +1,8 @@
 #include "core/WidgetShared.h"
 #include "core/WidgetSnapshot.h"
 #include "tests/core/SampleSnapshot.h"
+#include "tests/fakes/ReadFile.h"
 #include "tests/fakes/ScratchFolder.h"
-
-#include <fstream>
 
 #include <gmock/gmock.h>
 
@@ -11,20 +10,16 @@ namespace vantel {
 namespace {
 
 using testing::documentOf;
+using testing::noon;
 using testing::sampleSnapshot;
 using testing::ScopedEnvironment;
-
-const Instant noon = instantFromReference(788'961'600);
 
 /// The shared snapshot, in a data folder of the test's own.
 struct SharedSnapshot : ::testing::Test {
     testing::ScratchDataHome dataHome;
     FileURL file = WidgetShared::snapshotURL().value();
 
-    std::string document() const {
-        std::ifstream stream(file);
-        return {std::istreambuf_iterator<char>(stream), {}};
-    }
+    std::string document() const { return testing::readFile(file).value_or("missing"); }
 };
 
 /// Neither variable that leads to a container is set.

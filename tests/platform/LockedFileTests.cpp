@@ -1,31 +1,22 @@
 #include "platform/LockedFile.h"
 #include "tests/fakes/ChildProcess.h"
 #include "tests/fakes/FaultSweep.h"
+#include "tests/fakes/LockProbe.h"
 #include "tests/fakes/ScratchFolder.h"
 
-#include <fcntl.h>
 #include <gmock/gmock.h>
-#include <sys/file.h>
-#include <unistd.h>
 
 namespace vantel {
 namespace {
 
 using ::testing::ElementsAre;
 using testing::FileOperation;
+using testing::isFree;
 using testing::Lasting;
 using testing::MemoryFileSystem;
 using testing::ScratchFolder;
 
 const FileURL file = "/data/container/file";
-
-/// Whether another open file could take the lock at once.
-bool isFree(const FileURL& path) {
-    const int descriptor = ::open(path.c_str(), O_RDWR | O_CLOEXEC);
-    const bool taken = ::flock(descriptor, LOCK_EX | LOCK_NB) == 0;
-    ::close(descriptor);
-    return taken;
-}
 
 TEST(LockedFile, IsMadeOpenedAndLockedThenUnlockedBeforeItIsClosed) {
     MemoryFileSystem files;

@@ -1,5 +1,6 @@
 #include "platform/FileSystem.h"
 #include "platform/LockedFile.h"
+#include "tests/fakes/ReadFile.h"
 #include "tests/fakes/ScratchFolder.h"
 
 #include <cerrno>
@@ -14,6 +15,7 @@
 namespace vantel {
 namespace {
 
+using testing::readFile;
 using testing::ScratchFolder;
 using ::testing::UnorderedElementsAre;
 
@@ -60,11 +62,6 @@ struct SystemFiles : ::testing::Test {
     FileURL file = folder / "file";
 
     static void write(const FileURL& path, const std::string& contents) { std::ofstream(path) << contents; }
-
-    static std::string contents(const FileURL& path) {
-        std::ifstream stream(path);
-        return {std::istreambuf_iterator<char>(stream), {}};
-    }
 
     unsigned modeOf(const FileURL& path) { return files.status(path).value().mode; }
 
@@ -124,7 +121,7 @@ TEST_F(SystemFiles, ALockFileIsNeverTruncatedAndKeepsItsMode) {
     write(file, "kept");
     std::filesystem::permissions(file, std::filesystem::perms(0600));
     ASSERT_EQ(errorOfOpening(file, OpenMode::lock), 0);
-    EXPECT_EQ(contents(file), "kept");
+    EXPECT_EQ(readFile(file), "kept");
     EXPECT_EQ(modeOf(file), 0600U);
 }
 
@@ -219,7 +216,7 @@ TEST_F(SystemFiles, BytesArePutAndFoundWhereTheyWereAskedFor) {
     EXPECT_TRUE(files.sync(descriptor));
     EXPECT_TRUE(files.syncData(descriptor));
     EXPECT_TRUE(files.close(descriptor));
-    EXPECT_EQ(contents(file), "a");
+    EXPECT_EQ(readFile(file), "a");
 }
 
 TEST_F(SystemFiles, ChangingTheModeIgnoresTheUmask) {
@@ -235,8 +232,8 @@ TEST_F(SystemFiles, RenamingReplacesALinkAndNotWhatItLeadsTo) {
     write(folder / "real", "real");
     std::filesystem::create_symlink(folder / "real", folder / "link");
     EXPECT_TRUE(files.rename(file, folder / "link"));
-    EXPECT_EQ(contents(folder / "link"), "new");
-    EXPECT_EQ(contents(folder / "real"), "real");
+    EXPECT_EQ(readFile(folder / "link"), "new");
+    EXPECT_EQ(readFile(folder / "real"), "real");
     EXPECT_FALSE(std::filesystem::exists(file));
 }
 
@@ -244,7 +241,7 @@ TEST_F(SystemFiles, RemovingTakesALinkAndNotWhatItLeadsTo) {
     write(file, "kept");
     std::filesystem::create_symlink(file, folder / "link");
     EXPECT_TRUE(files.remove(folder / "link"));
-    EXPECT_EQ(contents(file), "kept");
+    EXPECT_EQ(readFile(file), "kept");
     EXPECT_TRUE(files.remove(file));
     EXPECT_EQ(numberOf(files.remove(file)), ENOENT);
     EXPECT_NE(numberOf(files.remove(folder.path())), 0);

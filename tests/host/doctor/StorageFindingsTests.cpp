@@ -1,4 +1,5 @@
 #include "host/doctor/ContainerFindings.h"
+#include "tests/core/SampleSnapshot.h"
 #include "tests/fakes/FakeFormats.h"
 
 #include <cerrno>
@@ -8,7 +9,7 @@
 namespace vantel {
 namespace {
 
-constexpr Instant noon = instantFromReference(800'000'000);
+using testing::noon;
 
 FileFacts file(const char* name) {
     return {.path = FileURL("/data/shared") / name, .kind = FileFacts::Kind::regular, .mode = 0644};

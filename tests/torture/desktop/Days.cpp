@@ -1,9 +1,9 @@
 #include "tests/torture/desktop/Days.h"
 
 #include "core/SnapshotDocument.h"
+#include "tests/fakes/ReadFile.h"
 
 #include <algorithm>
-#include <fstream>
 #include <iterator>
 #include <random>
 
@@ -12,8 +12,7 @@ namespace vantel::torture {
 namespace {
 
 WidgetSnapshot read(const std::filesystem::path& file) {
-    std::ifstream stream(file);
-    return decodeSnapshot(std::string(std::istreambuf_iterator<char>(stream), {})).value();
+    return decodeSnapshot(testing::readFile(file).value()).value();
 }
 
 std::vector<WidgetSnapshot> samples(const std::filesystem::path& folder) {

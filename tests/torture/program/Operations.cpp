@@ -5,24 +5,22 @@
 #include "core/WidgetShared.h"
 #include "tests/core/SampleJournal.h"
 #include "tests/core/SampleSnapshot.h"
+#include "tests/fakes/LockProbe.h"
+#include "tests/fakes/ReadFile.h"
 
 #include <algorithm>
 #include <fstream>
 
-#include <fcntl.h>
-#include <sys/file.h>
-#include <unistd.h>
-
 namespace vantel::torture {
 
+using testing::isFree;
+using testing::noon;
 using testing::sampleEntry;
 using testing::sampleLine;
 using testing::sampleSnapshot;
 using testing::sampleUuid;
 
 namespace {
-
-const Instant noon = instantFromReference(788'961'600);
 
 template <typename Value>
 Outcome outcome(const Result<Value>& result) {
@@ -121,20 +119,6 @@ void putFile(const FileURL& file, const std::optional<std::string>& contents) {
         std::ofstream(file) << *contents;
 }
 
-std::optional<std::string> fileContents(const FileURL& file) {
-    std::ifstream stream(file);
-    if (!stream)
-        return std::nullopt;
-    return std::string(std::istreambuf_iterator<char>(stream), {});
-}
-
-bool isFree(const FileURL& lock) {
-    const int descriptor = ::open(lock.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0644);
-    const bool taken = ::flock(descriptor, LOCK_EX | LOCK_NB) == 0;
-    ::close(descriptor);
-    return taken;
-}
-
 } // namespace
 
 std::vector<Operation> allOperations() {
@@ -170,7 +154,7 @@ View look() {
     for (const WidgetJournalEntry& entry : entries)
         view.entries.push_back(text(entry.id));
     if (WidgetSnapshot::load())
-        view.snapshot = fileContents(WidgetShared::snapshotURL().value());
+        view.snapshot = testing::readFile(WidgetShared::snapshotURL().value());
     return view;
 }
 

@@ -3,6 +3,7 @@
 #include "core/WidgetJournal.h"
 #include "core/WidgetShared.h"
 #include "core/WidgetSnapshot.h"
+#include "tests/core/SampleSnapshot.h"
 #include "tests/torture/program/Operations.h"
 
 #include <algorithm>
@@ -19,10 +20,11 @@
 
 namespace vantel::torture {
 
+using testing::noon;
+
 namespace {
 
 constexpr int taskCount = 80;
-const Instant noon = instantFromReference(788'961'600);
 
 WidgetJournalEntry entryOf(int number) {
     WidgetJournalEntry entry{.id = {},

@@ -13,15 +13,10 @@
 namespace vantel::torture {
 namespace {
 
-std::filesystem::path quickFolder() {
-    const std::filesystem::path memory = "/dev/shm";
-    return std::filesystem::is_directory(memory) ? memory : std::filesystem::temp_directory_path();
-}
-
 int run(const std::string& what, const std::string& count) {
     if (what == "hostile-days")
         return writeHostileDays();
-    const testing::ScratchDataHome dataHome(quickFolder());
+    const testing::ScratchDataHome dataHome(testing::quickFolder());
     if (what == "faults")
         return failEachCall(count == "full" ? Form::full : Form::brief);
     if (what == "kills")
