@@ -186,6 +186,11 @@ class Desktop:
         self.wait_until_still()
         return process
 
+    def show_sample_day(self, *launcher, cards=4):
+        """Starts the program with the day of the gallery."""
+        self.write_snapshot(self.placeholder())
+        return self.start_widgets(*launcher, cards=cards)
+
     def ask(self, method, signature="()", *arguments):
         """Calls a method of the running program over the session bus."""
         return call(self.bus, "org.vantel.Widgets", "/org/vantel/Widgets", "org.vantel.Widgets1." + method, signature,

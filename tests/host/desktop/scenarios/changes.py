@@ -120,8 +120,7 @@ def titles_cause_no_request(desktop):
 
 def floods_of_reloads_and_themes_leave_the_memory_flat(desktop):
     portal = SettingsPortal(desktop)
-    desktop.write_snapshot(desktop.placeholder())
-    process = desktop.start_widgets()
+    process = desktop.show_sample_day()
 
     def flood(reloads, themes):
         for _ in range(reloads):

@@ -4,8 +4,7 @@ from desktop import expect, wait_for
 
 
 def a_click_on_a_circle_completes_the_task(desktop):
-    desktop.write_snapshot(desktop.placeholder())
-    desktop.start_widgets()
+    desktop.show_sample_day()
     left, top, _, _ = desktop.card(FOCUS)
     second = row(desktop, 1, 4)
     desktop.click(left + CIRCLE, top + FIRST_ROW)
@@ -17,8 +16,7 @@ def a_click_on_a_circle_completes_the_task(desktop):
 
 
 def two_clicks_on_one_circle_complete_one_task(desktop):
-    desktop.write_snapshot(desktop.placeholder())
-    desktop.start_widgets()
+    desktop.show_sample_day()
     left, top, _, _ = desktop.card(FOCUS)
     desktop.move(left + CIRCLE, top + FIRST_ROW)
     desktop.run("xdotool", "click", "--repeat", "2", "--delay", "1", "1")
@@ -30,8 +28,7 @@ def two_clicks_on_one_circle_complete_one_task(desktop):
 
 def clicks_open_the_links_of_the_companion(desktop):
     links = record_links(desktop)
-    desktop.write_snapshot(desktop.placeholder())
-    desktop.start_widgets()
+    desktop.show_sample_day()
     left, top, _, _ = desktop.card(FOCUS)
     desktop.click(left + TITLE, top + FIRST_ROW)
     wait_for(lambda: links() == ["vantel://todo?id=demo-1"], "the task's link")
@@ -41,8 +38,7 @@ def clicks_open_the_links_of_the_companion(desktop):
 
 
 def without_an_application_for_a_link_the_widget_says_so(desktop):
-    desktop.write_snapshot(desktop.placeholder())
-    desktop.start_widgets()
+    desktop.show_sample_day()
     left, top, width, height = desktop.card(FOCUS)
     before = desktop.picture(left, top + 120, width, height - 120)
     desktop.click(left + 40, top + 100)
@@ -50,9 +46,8 @@ def without_an_application_for_a_link_the_widget_says_so(desktop):
 
 
 def only_the_clicked_one_of_two_widgets_says_what_went_wrong(desktop):
-    desktop.write_snapshot(desktop.placeholder())
     desktop.place((TRIAGE, "systemSmall"), (FOCUS, "systemSmall"), (TRIAGE, "systemSmall"), (NEXT_UP, "systemSmall"))
-    desktop.start_widgets()
+    desktop.show_sample_day()
     first, _, second, _ = (desktop.area(each) for each in desktop.placements())
     before, untouched = desktop.picture(*second), desktop.picture(*first)
     desktop.click(second[0] + 100, second[1] + 100)

@@ -7,8 +7,7 @@ TITLE = "Add widgets"
 
 
 def a_second_start_opens_the_gallery_of_the_first(desktop):
-    desktop.write_snapshot(desktop.placeholder())
-    desktop.start_widgets()
+    desktop.show_sample_day()
     for _ in range(5):
         second = desktop.start(desktop.widgets, "gallery")
         expect(second.wait(10) == 0, "the second start did not end with 0")
@@ -19,8 +18,7 @@ def a_second_start_opens_the_gallery_of_the_first(desktop):
 
 def an_open_gallery_takes_other_looks_where_it_stands(desktop):
     portal = SettingsPortal(desktop)
-    desktop.write_snapshot(desktop.placeholder())
-    desktop.start_widgets()
+    desktop.show_sample_day()
     window = desktop.open_gallery()
     desktop.press_keys("Tab", "Tab", "Return")
     wait_for(lambda: len(desktop.placements()) == 5, "another widget")
@@ -44,8 +42,7 @@ def an_open_gallery_takes_other_looks_where_it_stands(desktop):
 
 def a_screen_reader_hears_previews_as_pictures(desktop):
     reader = ScreenReader(desktop)
-    desktop.write_snapshot(desktop.placeholder())
-    desktop.start_widgets()
+    desktop.show_sample_day()
     desktop.open_gallery()
     heard = wait_for(lambda: [each for each in reader.card(TITLE) if each.actions], "what can be pressed in the gallery")
     names = [each.name for each in heard]

@@ -5,9 +5,8 @@ from screen_reader import ScreenReader
 
 
 def a_screen_reader_hears_all_that_the_cards_say(desktop):
-    desktop.write_snapshot(desktop.placeholder())
     reader = ScreenReader(desktop)
-    desktop.start_widgets()
+    desktop.show_sample_day()
     for name in ("Focus", "Next up", "Triage", "Group today"):
         card, *inside = reader.card(name)
         expect(card.role == "panel" and card.name == name and "Press" in card.actions, f"the card is {card}")
@@ -25,8 +24,7 @@ def a_screen_reader_hears_all_that_the_cards_say(desktop):
 
 def a_screen_reader_presses_what_it_hears(desktop):
     links = record_links(desktop)
-    desktop.write_snapshot(desktop.placeholder())
-    desktop.start_widgets()
+    desktop.show_sample_day()
     reader = ScreenReader(desktop)
     wait_for(lambda: any(each.name == "Focus" for each in reader.everything()), "a card that can be heard")
     card = reader.card("Focus")
@@ -41,9 +39,8 @@ def a_screen_reader_presses_what_it_hears(desktop):
 
 
 def a_screen_reader_hears_what_went_wrong(desktop):
-    desktop.write_snapshot(desktop.placeholder())
     reader = ScreenReader(desktop)
-    desktop.start_widgets()
+    desktop.show_sample_day()
     reader.press(reader.card("Focus")[0])
     wait_for(lambda: ("alert message", "No application is installed that opens this.")
              in [(each.role, each.name) for each in reader.card("Focus")], "a notice that can be heard")

@@ -4,8 +4,7 @@ from desktop import expect, wait_for
 
 
 def keys_walk_a_card_and_complete_a_task(desktop):
-    desktop.write_snapshot(desktop.placeholder())
-    desktop.start_widgets()
+    desktop.show_sample_day()
     left, top, _, _ = desktop.card(FOCUS)
     circles = [(left + CIRCLE - 12, top + FIRST_ROW - 12 + i * ROW, 24, 24) for i in range(2)]
     bare = [desktop.picture(*circle) for circle in circles]
@@ -24,8 +23,7 @@ def keys_walk_a_card_and_complete_a_task(desktop):
 
 
 def keys_alone_complete_a_task(desktop):
-    desktop.write_snapshot(desktop.placeholder())
-    desktop.start_widgets()
+    desktop.show_sample_day()
     desktop.start("xev", "-geometry", "200x200+20+400")
     other = wait_for(lambda: desktop.focused("Event Tester"), "a window that has the keyboard")
     desktop.wait_until_still()
@@ -43,8 +41,7 @@ def keys_alone_complete_a_task(desktop):
 
 
 def escape_gives_the_keyboard_away(desktop):
-    desktop.write_snapshot(desktop.placeholder())
-    desktop.start_widgets()
+    desktop.show_sample_day()
     before = desktop.picture()
     desktop.focus_widgets()
     focused = wait_for(desktop.focused_card, "the keyboard on a card")
@@ -87,8 +84,7 @@ def a_closed_menu_leaves_no_ring(desktop):
 
 def the_keyboard_goes_from_card_to_card_under_xfwm(desktop):
     desktop.replace_window_manager("xfwm4", "--replace", "--compositor=off")
-    desktop.write_snapshot(desktop.placeholder())
-    desktop.start_widgets()
+    desktop.show_sample_day()
     desktop.start("xev", "-geometry", "200x200+20+400")
     other = wait_for(lambda: desktop.focused("Event Tester"), "a window that has the keyboard")
     for name in ("Focus", "Next up", "Triage", "Group today", "Focus"):

@@ -7,8 +7,7 @@ from desktop import expect, wait_for
 
 
 def a_stopped_process_with_the_lock_stops_nobody(desktop):
-    desktop.write_snapshot(desktop.placeholder())
-    desktop.start_widgets()
+    desktop.show_sample_day()
     holder = desktop.hold_lock()
     holder.send_signal(signal.SIGSTOP)
     left, top, _, _ = desktop.card(FOCUS)
@@ -34,8 +33,7 @@ def a_stopped_process_with_the_lock_stops_nobody(desktop):
 
 
 def a_lock_that_is_never_freed_stops_nobody(desktop):
-    desktop.write_snapshot(desktop.placeholder())
-    process = desktop.start_widgets()
+    process = desktop.show_sample_day()
     holder = desktop.hold_lock()
     holder.send_signal(signal.SIGSTOP)
     left, top, _, _ = desktop.card(FOCUS)

@@ -6,8 +6,7 @@ from session_bus import SettingsPortal
 
 def a_dark_desktop_darkens_the_cards_at_once(desktop):
     portal = SettingsPortal(desktop)
-    desktop.write_snapshot(desktop.placeholder())
-    desktop.start_widgets()
+    desktop.show_sample_day()
     left, top, _, _ = desktop.card(FOCUS)
 
     def is_dark():
@@ -25,8 +24,7 @@ def a_dark_desktop_darkens_the_cards_at_once(desktop):
 
 def a_desktop_of_high_contrast_blackens_the_texts_at_once(desktop):
     portal = SettingsPortal(desktop)
-    desktop.write_snapshot(desktop.placeholder())
-    desktop.start_widgets()
+    desktop.show_sample_day()
     left, top, _, _ = desktop.card(FOCUS)
 
     def is_black():
@@ -40,9 +38,8 @@ def a_desktop_of_high_contrast_blackens_the_texts_at_once(desktop):
 
 def expect_cards_twice_as_large(desktop, margin=48):
     """With so many pixels from the edges of the screen."""
-    desktop.write_snapshot(desktop.placeholder())
     desktop.place((FOCUS, "systemSmall"))
-    desktop.start_widgets(cards=1)
+    desktop.show_sample_day(cards=1)
     width = height = 2 * 170
     left, top = desktop.width - margin - width, margin
     middle, centre = top + height // 2, left + width // 2
@@ -80,9 +77,8 @@ def the_scale_of_texts_enlarges_cards(desktop):
 
 def corners_are_cut_as_finely_as_the_screen_is(desktop):
     desktop.environment["QT_SCALE_FACTOR"] = "2"
-    desktop.write_snapshot(desktop.placeholder())
     desktop.place((FOCUS, "systemSmall"))
-    desktop.start_widgets(cards=1)
+    desktop.show_sample_day(cards=1)
     left, top, corner = desktop.width - 48 - 340, 48, 44
     rows = [desktop.picture(left, top + y, corner, 1) for y in range(corner)]
     cut = [next((x for x in range(corner) if row[3 * x:3 * x + 3] != bytes(3)), corner) for row in rows]

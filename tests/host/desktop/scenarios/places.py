@@ -21,9 +21,8 @@ def a_dragged_widget_stays_where_it_was_dropped(desktop):
 
 
 def two_widgets_of_one_kind_are_told_as_two(desktop):
-    desktop.write_snapshot(desktop.placeholder())
     desktop.place((TRIAGE, "systemSmall"), (FOCUS, "systemSmall"), (TRIAGE, "systemSmall"), (NEXT_UP, "systemSmall"))
-    desktop.start_widgets()
+    desktop.show_sample_day()
     expect(desktop.ask("CurrentConfigurations") == [(TRIAGE, "systemSmall"), (FOCUS, "systemSmall"),
                                                     (TRIAGE, "systemSmall"), (NEXT_UP, "systemSmall")],
            f"the bus tells of {desktop.ask('CurrentConfigurations')}")
@@ -43,8 +42,7 @@ def unreadable_placements_are_set_aside(desktop):
 
 
 def a_second_start_leaves_the_first_one_alone(desktop):
-    desktop.write_snapshot(desktop.placeholder())
-    first = desktop.start_widgets()
+    first = desktop.show_sample_day()
     second = desktop.start(desktop.widgets)
     expect(second.wait(10) == 0, "the second start did not end with 0")
     expect(first.poll() is None, "the first one ended")
