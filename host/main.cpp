@@ -2,6 +2,8 @@
 #include "host/app/Display.h"
 #include "host/app/HeadStart.h"
 #include "host/app/HostApplication.h"
+#include "host/bus/BusKnock.h"
+#include "host/bus/HiddenBus.h"
 #include "host/doctor/Doctor.h"
 #include "host/tasks/PictureTasks.h"
 #include "platform/FormatLocale.h"
@@ -16,6 +18,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
+#include <utility>
 
 #include <malloc.h>
 
@@ -49,15 +52,29 @@ std::optional<BackEndProblem> prepareDisplay(const Options& options) {
     return std::nullopt;
 }
 
-int perform(const Options& options, const Formats& formats) {
+/// Pictures need no bus.
+BusKnock knockAtSessionBus(Task task) {
+    return task == Task::run || task == Task::showGallery ? sessionBusAddress() : QString();
+}
+
+std::optional<HiddenBus> hideIfSilent(BusKnock& sessionBus) {
+    if (sessionBus.answer() != BusKnock::Answer::silence)
+        return std::nullopt;
+    std::fputs("vantel-widgets: the session bus does not answer; screen readers hear the widgets after their "
+               "next start\n",
+               stderr);
+    return std::make_optional<HiddenBus>();
+}
+
+int perform(const Options& options, const Formats& formats, BusKnock sessionBus) {
     Worker worker;
     switch (options.task) {
     case Task::run:
         beginFirstPicture(worker, formats);
-        leave(HostApplication(hostedWidgets(), formats).run());
+        leave(HostApplication(hostedWidgets(), formats, std::move(sessionBus)).run());
     case Task::showGallery:
         beginFirstPicture(worker, formats);
-        leave(HostApplication(hostedWidgets(), formats).runWithGallery());
+        leave(HostApplication(hostedWidgets(), formats, std::move(sessionBus)).runWithGallery());
     case Task::renderCard:
     case Task::renderGallery:
         return drawPicture(options, VantelWidgetsBundle::body(), SystemCalendar::current(), formats);
@@ -78,6 +95,7 @@ int main(int count, char** words) {
     }
     if (options->task == Task::examine)
         leave(examine(LocalizedFormats(currentFormatLocale())));
+    BusKnock sessionBus = knockAtSessionBus(options->task);
     if (const auto problem = prepareDisplay(*options)) {
         std::fprintf(stderr, "vantel-widgets: %s\n",
                      LocalizedFormats(currentFormatLocale()).translated(sentenceKey(*problem)).c_str());
@@ -87,12 +105,14 @@ int main(int count, char** words) {
     QApplication::setDesktopFileName(QStringLiteral("org.vantel.Widgets"));
     // A menu that becomes a window of its own must not make one of the card it belongs to.
     QCoreApplication::setAttribute(Qt::AA_DontCreateNativeWidgetSiblings);
+    auto hiddenBus = hideIfSilent(sessionBus);
     const QApplication application(count, words);
+    hiddenBus.reset();
     releasePlatform();
     const std::string locale = currentFormatLocale();
     QApplication::setLayoutDirection(QLocale(QString::fromStdString(locale)).textDirection());
     const LocalizedFormats formats(locale);
-    return perform(*options, formats);
+    return perform(*options, formats, std::move(sessionBus));
 }
 
 } // namespace

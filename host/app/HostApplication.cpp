@@ -87,9 +87,10 @@ void bringForward(QWidget& window, const QString& activationToken) {
 
 } // namespace
 
-HostApplication::HostApplication(HostedWidgets widgets, const Formats& formats)
+HostApplication::HostApplication(HostedWidgets widgets, const Formats& formats, BusKnock sessionBus)
     : m_widgets(std::move(widgets))
     , m_formats(formats)
+    , m_bus(std::move(sessionBus))
     , m_settings(m_bus, isDesktopPaletteDark)
     , m_links(m_bus, formats, m_widgets.linkScheme)
     , m_schedule(m_widgets.bundle,

@@ -23,7 +23,7 @@ class HostApplication final : public QObject {
     Q_DISABLE_COPY_MOVE(HostApplication)
 
 public:
-    HostApplication(HostedWidgets widgets, const Formats& formats);
+    HostApplication(HostedWidgets widgets, const Formats& formats, BusKnock sessionBus);
     ~HostApplication() override;
 
     /// Shows the widgets, or asks the program that already runs to come forward. Returns the exit status once

@@ -1,6 +1,7 @@
 #include "host/bus/SessionBus.h"
 
 #include <QAtomicInt>
+#include <QSocketNotifier>
 #include <utility>
 
 namespace vantel {
@@ -14,35 +15,14 @@ QString freshName() {
 
 } // namespace
 
-QString sessionBusAddress() {
-    QString address = qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS");
-    const QString folder = qEnvironmentVariable("XDG_RUNTIME_DIR");
-    if (!address.isEmpty() || folder.isEmpty())
-        return address;
-    return QStringLiteral("unix:path=") + folder + QStringLiteral("/bus");
-}
-
-std::optional<std::string> busSocket(const QString& address) {
-    const QString prefix = QStringLiteral("unix:");
-    const QString key = QStringLiteral("path=");
-    for (const QString& each : address.split(u';')) {
-        if (!each.startsWith(prefix))
-            continue;
-        for (const QString& part : each.mid(prefix.size()).split(u','))
-            if (part.startsWith(key))
-                return QByteArray::fromPercentEncoding(part.mid(key.size()).toUtf8()).toStdString();
-    }
-    return std::nullopt;
-}
-
-SessionBus::SessionBus(QString address, std::chrono::milliseconds pause, QObject* parent)
+SessionBus::SessionBus(BusKnock knock, std::chrono::milliseconds pause, QObject* parent)
     : QObject(parent)
-    , m_address(std::move(address))
+    , m_knock(std::move(knock))
     , m_firstPause(pause)
     , m_connection(QString()) {
     m_retry.setSingleShot(true);
     connect(&m_retry, &QTimer::timeout, this, &SessionBus::attempt);
-    connectNow();
+    follow();
     if (!isConnected())
         await();
 }
@@ -51,10 +31,36 @@ SessionBus::~SessionBus() {
     QDBusConnection::disconnectFromBus(m_connection.name());
 }
 
-void SessionBus::connectNow() {
-    if (m_address.isEmpty())
+void SessionBus::follow() {
+    switch (m_knock.answer()) {
+    case BusKnock::Answer::heard:
+    case BusKnock::Answer::noDoor:
+        return connectNow();
+    case BusKnock::Answer::silence:
+        return listen();
+    case BusKnock::Answer::hungUp:
         return;
-    m_connection = QDBusConnection::connectToBus(m_address, freshName());
+    }
+}
+
+void SessionBus::listen() {
+    if (m_knock.descriptor() < 0)
+        return;
+    m_listener = std::make_unique<QSocketNotifier>(m_knock.descriptor(), QSocketNotifier::Read);
+    connect(m_listener.get(), &QSocketNotifier::activated, this, &SessionBus::takeUp);
+}
+
+void SessionBus::stopListening() {
+    if (!m_listener)
+        return;
+    m_listener->setEnabled(false);
+    m_listener.release()->deleteLater(); // It may be the one that calls.
+}
+
+void SessionBus::connectNow() {
+    if (m_knock.address().isEmpty())
+        return;
+    m_connection = QDBusConnection::connectToBus(m_knock.address(), freshName());
     if (!isConnected())
         return QDBusConnection::disconnectFromBus(m_connection.name());
     m_connection.connect(QString(), QStringLiteral("/org/freedesktop/DBus/Local"),
@@ -63,7 +69,7 @@ void SessionBus::connectNow() {
 }
 
 void SessionBus::await() {
-    const auto socket = busSocket(m_address);
+    const auto socket = busSocket(m_knock.address());
     if (!socket)
         return;
     m_watch = std::make_unique<FileWatch>(*socket);
@@ -92,7 +98,14 @@ void SessionBus::attempt() {
 void SessionBus::lookAgain() {
     if (isConnected())
         return;
-    connectNow();
+    stopListening();
+    m_knock = BusKnock(m_knock.address(), std::chrono::milliseconds::zero());
+    takeUp();
+}
+
+void SessionBus::takeUp() {
+    stopListening();
+    follow();
     if (!isConnected())
         return;
     m_retry.stop();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "host/bus/BusKnock.h"
 #include "host/schedule/FileWatch.h"
 
 #include <QDBusConnection>
@@ -8,24 +9,18 @@
 #include <QTimer>
 #include <chrono>
 #include <memory>
-#include <optional>
-#include <string>
+
+class QSocketNotifier;
 
 namespace vantel {
-
-/// Where the session bus listens: `DBUS_SESSION_BUS_ADDRESS`, else the user's runtime folder; empty for
-/// nowhere.
-QString sessionBusAddress();
-
-/// The socket file of a bus, the first one that its address names; absent where it has none, as an abstract
-/// socket or a port.
-std::optional<std::string> busSocket(const QString& address);
 
 /// The program's one connection to the session bus. There may be none: everything that needs it goes without.
 ///
 /// A bus that is not there, or is lost, is awaited without any wake-up: its socket file is watched. Each time
 /// that changes, and when the bus is lost, some attempts are made within two seconds, since a bus makes the
 /// file before it listens. Where there is no file to watch, `lookAgain` is all that finds it.
+///
+/// A bus that lets the program in and does not speak is heard as soon as it does; nobody waits for it.
 class SessionBus final : public QObject {
     Q_OBJECT
     Q_DISABLE_COPY_MOVE(SessionBus)
@@ -34,10 +29,10 @@ public:
     static constexpr std::chrono::milliseconds firstPause{80};
     static constexpr int attempts = 3; ///< each after a pause four times as long as the one before
 
-    /// Connects at once, which takes the bus a millisecond. `pause` is the first pause before another
-    /// attempt.
-    explicit SessionBus(QString address = sessionBusAddress(), std::chrono::milliseconds pause = firstPause,
-                        QObject* parent = nullptr);
+    /// Connects at once, which takes the bus a millisecond, unless what was knocked at is silent. `pause` is
+    /// the first pause before another attempt.
+    explicit SessionBus(BusKnock knock = BusKnock(sessionBusAddress()),
+                        std::chrono::milliseconds pause = firstPause, QObject* parent = nullptr);
     ~SessionBus() override;
 
     bool isConnected() const { return m_connection.isConnected(); }
@@ -55,15 +50,20 @@ Q_SIGNALS:
 
 private:
     Q_SLOT void handleLoss();
+    void follow();
+    void takeUp();
+    void listen();
+    void stopListening();
     void connectNow();
     void await();
     void beginAttempts();
     void attempt();
 
-    QString m_address;
+    BusKnock m_knock; ///< the last one
     std::chrono::milliseconds m_firstPause;
     QDBusConnection m_connection;
-    std::unique_ptr<FileWatch> m_watch; ///< while there is no bus
+    std::unique_ptr<FileWatch> m_watch;          ///< while there is no bus
+    std::unique_ptr<QSocketNotifier> m_listener; ///< while there is a silent one
     QTimer m_retry;
     int m_attemptsLeft = 0;
 };

@@ -86,6 +86,15 @@ void ChildProcess::kill() {
         ::kill(m_process, SIGKILL);
 }
 
+void ChildProcess::pause() {
+    ::kill(m_process, SIGSTOP);
+    ::waitpid(m_process, nullptr, WUNTRACED);
+}
+
+void ChildProcess::resume() {
+    ::kill(m_process, SIGCONT);
+}
+
 bool ChildProcess::isRunning() {
     reap(WNOHANG);
     return !m_status;

@@ -25,6 +25,11 @@ public:
     void writeLine(const std::string& line);
 
     void kill();
+
+    /// Stops it, returns once it stands still, and lets it go on.
+    void pause();
+    void resume();
+
     bool isRunning();
 
     /// Waits for the end, and gives the exit status, or 128 and the number of the signal that ended it.

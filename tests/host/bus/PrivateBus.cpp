@@ -59,6 +59,14 @@ void PrivateBus::start() {
     m_daemon->readLine(); // printed once it listens
 }
 
+void PrivateBus::fallSilent() {
+    m_daemon->pause();
+}
+
+void PrivateBus::speak() {
+    m_daemon->resume();
+}
+
 BusPeer::BusPeer(const PrivateBus& bus)
     : connection(QDBusConnection::connectToBus(bus.address(), freshName())) {}
 

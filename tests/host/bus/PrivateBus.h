@@ -26,6 +26,10 @@ public:
     void stop();
     void start();
 
+    /// The bus lets everybody in, but says nothing until it goes on.
+    void fallSilent();
+    void speak();
+
 private:
     ScratchFolder m_folder;
     std::optional<ChildProcess> m_daemon;

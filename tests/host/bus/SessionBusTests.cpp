@@ -19,24 +19,6 @@ namespace {
 using namespace testing;
 using namespace std::chrono_literals;
 
-TEST(BusSocket, IsTheFirstFileThatTheAddressNames) {
-    struct Row {
-        const char* address;
-        std::optional<std::string> socket;
-    };
-    for (const Row& row : std::vector<Row>{{"unix:path=/run/user/7/bus", "/run/user/7/bus"},
-                                           {"unix:path=/run/user/7/bus,guid=0a", "/run/user/7/bus"},
-                                           {"unix:guid=0a,path=/a%20b%2cc", "/a b,c"},
-                                           {"unix:abstract=/tmp/x;unix:path=/b", "/b"},
-                                           {"unix:abstract=/tmp/x,guid=0a", std::nullopt},
-                                           {"tcp:host=localhost,port=7,path=/a", std::nullopt},
-                                           {"unix:runtime=yes", std::nullopt},
-                                           {"unix:", std::nullopt},
-                                           {"/run/user/7/bus", std::nullopt},
-                                           {"", std::nullopt}})
-        EXPECT_EQ(busSocket(QString::fromLatin1(row.address)), row.socket) << row.address;
-}
-
 class SessionBusTest : public ::testing::Test {
 protected:
     void use(const QString& address) {
@@ -96,6 +78,42 @@ TEST_F(SessionBusTest, WithoutAFileItIsLookedForWhenThatIsAsked) {
     bus->lookAgain();
     EXPECT_EQ(reconnections, 1);
     EXPECT_TRUE(bus->isConnected());
+}
+
+TEST_F(SessionBusTest, ABusThatIsSilentAtTheStartIsNoticedOnceItSpeaks) {
+    privateBus.fallSilent();
+    bus.emplace(BusKnock(privateBus.address(), 1ms), 1ms);
+    QObject::connect(&*bus, &SessionBus::reconnected, [this] { ++reconnections; });
+    EXPECT_FALSE(bus->isConnected());
+    waitForLastAttempt();
+    EXPECT_EQ(reconnections, 0);
+    privateBus.speak();
+    EXPECT_TRUE(waitUntil([this] { return reconnections == 1; }));
+    EXPECT_TRUE(bus->isConnected());
+}
+
+TEST_F(SessionBusTest, ABusThatComesBackSilentIsNoticedOnceItSpeaks) {
+    use(privateBus.address());
+    privateBus.stop();
+    ASSERT_TRUE(waitUntil([this] { return !bus->isConnected(); }));
+    privateBus.start();
+    privateBus.fallSilent();
+    waitForLastAttempt();
+    bus->lookAgain();
+    EXPECT_FALSE(bus->isConnected());
+    privateBus.speak();
+    EXPECT_TRUE(waitUntil([this] { return reconnections == 1; }));
+}
+
+TEST_F(SessionBusTest, ASilentBusThatDiesIsNoticedWhenAnotherOneTakesItsPlace) {
+    privateBus.fallSilent();
+    bus.emplace(BusKnock(privateBus.address(), 1ms), 1ms);
+    QObject::connect(&*bus, &SessionBus::reconnected, [this] { ++reconnections; });
+    privateBus.stop();
+    waitForLastAttempt();
+    EXPECT_EQ(reconnections, 0);
+    privateBus.start();
+    EXPECT_TRUE(waitUntil([this] { return reconnections == 1; }));
 }
 
 /// A socket where whoever comes is sent away, and counted.

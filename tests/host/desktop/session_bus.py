@@ -1,4 +1,5 @@
 """Talks on message buses, and plays the desktop's settings portal."""
+import socket
 import threading
 
 from gi.repository import Gio, GLib
@@ -18,6 +19,23 @@ def call(bus, name, path, method, signature="()", *arguments):
     answer = bus.call_sync(name, path, interface, member, GLib.Variant(signature, arguments), None,
                            Gio.DBusCallFlags.NONE, 10000, None).unpack()
     return answer[0] if len(answer) == 1 else answer
+
+
+class MuteBus:
+    """Takes the session bus's place for all that starts now. Lets everybody in, and never says a word."""
+
+    def __init__(self, desktop):
+        path = str(desktop.folder / "mute")
+        self.visitors = []
+        self.listener = socket.socket(socket.AF_UNIX)
+        self.listener.bind(path)
+        self.listener.listen()
+        desktop.environment["DBUS_SESSION_BUS_ADDRESS"] = f"unix:path={path}"
+        threading.Thread(target=self.open_doors, daemon=True).start()
+
+    def open_doors(self):
+        while True:
+            self.visitors.append(self.listener.accept())
 
 
 class SettingsPortal:
