@@ -17,7 +17,7 @@ from usage import kilobytes, processor_seconds, wake_ups
 FOCUS, NEXT_UP = "VantelFocusWidget", "VantelNextUpWidget"
 CIRCLE, FIRST_ROW = 121, 69  # points from the left and upper edge of the focus card of this day to its first circle
 MAC_EPOCH = 978307200
-ROUNDS = 15
+ROUNDS = 25
 SETTLED = 1.5  # seconds after which a program has done what it does at its start
 CONKY = """conky.config = {{ own_window = true, own_window_type = 'desktop', double_buffer = true, use_xft = true,
   alignment = 'top_left', gap_x = {0}, gap_y = {1}, minimum_width = {2}, minimum_height = {3}, maximum_width = {2},
