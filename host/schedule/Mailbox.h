@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QObject>
+#include <QTimer>
 #include <functional>
 #include <memory>
 #include <mutex>
@@ -17,8 +18,9 @@ public:
     public:
         void post(std::function<void()> message) const {
             const std::scoped_lock lock(m_state->mutex);
+            // The analyzer takes what QMetaObject::invokeMethod allocates for lost, inside the toolkit.
             if (m_state->receiver != nullptr)
-                QMetaObject::invokeMethod(m_state->receiver, std::move(message), Qt::QueuedConnection);
+                QTimer::singleShot(0, m_state->receiver, std::move(message));
         }
 
     private:
