@@ -9,6 +9,7 @@
 #include "platform/FormatLocale.h"
 #include "platform/LocalizedFormats.h"
 #include "platform/MessageCatalogue.h"
+#include "platform/TextKey.h"
 #include "widgets/VantelWidgetsBundle.h"
 #include "widgets/WTokens.h"
 
@@ -52,6 +53,11 @@ std::optional<BackEndProblem> prepareDisplay(const Options& options) {
     return std::nullopt;
 }
 
+void complain(const char* sentenceKey) {
+    const LocalizedFormats formats(currentFormatLocale());
+    std::fprintf(stderr, "vantel-widgets: %s\n", formats.translated(sentenceKey).c_str());
+}
+
 /// Pictures need no bus.
 BusKnock knockAtSessionBus(Task task) {
     return task == Task::run || task == Task::showGallery ? sessionBusAddress() : QString();
@@ -60,9 +66,8 @@ BusKnock knockAtSessionBus(Task task) {
 std::optional<HiddenBus> hideIfSilent(BusKnock& sessionBus) {
     if (sessionBus.answer() != BusKnock::Answer::silence)
         return std::nullopt;
-    std::fputs("vantel-widgets: the session bus does not answer; screen readers hear the widgets after their "
-               "next start\n",
-               stderr);
+    complain(
+        textKey("the session bus does not answer; screen readers hear the widgets after their next start"));
     return std::make_optional<HiddenBus>();
 }
 
@@ -97,8 +102,7 @@ int main(int count, char** words) {
         leave(examine(LocalizedFormats(currentFormatLocale())));
     BusKnock sessionBus = knockAtSessionBus(options->task);
     if (const auto problem = prepareDisplay(*options)) {
-        std::fprintf(stderr, "vantel-widgets: %s\n",
-                     LocalizedFormats(currentFormatLocale()).translated(sentenceKey(*problem)).c_str());
+        complain(sentenceKey(*problem));
         return EXIT_FAILURE;
     }
     QApplication::setApplicationName(QStringLiteral("vantel-widgets"));

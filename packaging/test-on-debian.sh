@@ -6,7 +6,7 @@ set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
 readonly release=${1:?the number of a release, like 13}
-readonly folder=${XDG_CACHE_HOME:-$HOME/.cache}/vantel-widgets/debian-$release
+readonly folder=${XDG_CACHE_HOME:-~/.cache}/vantel-widgets/debian-$release
 readonly root=$folder/root
 readonly cannot=77
 

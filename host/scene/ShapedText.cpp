@@ -16,6 +16,9 @@ constexpr double shrinking = 0.98;
 
 constexpr int mostLines = 1000;
 
+/// More than one layout asks for; a text that is shown for days must not gather those of every minute.
+constexpr std::size_t mostRooms = 32;
+
 /// The lines of a wider or higher room that would be the same ones in this room.
 bool isBrokenAlike(const TextRoom& room, const TextBlock& block, const TextRoom& asked) {
     const int lines = static_cast<int>(block.lines.size());
@@ -41,6 +44,8 @@ const TextBlock& ShapedText::block(double width, std::optional<double> height) c
         m_broken, [&](const Broken& each) { return isBrokenAlike(each.room, each.block, room); });
     if (known != m_broken.end())
         return known->block;
+    if (m_broken.size() == mostRooms)
+        m_broken.clear();
     m_broken.push_back({room, broken(room)});
     return m_broken.back().block;
 }
@@ -81,7 +86,7 @@ std::shared_ptr<const ShapedText> ShapedTexts::shaped(const QString& text, const
     const auto isSame = [&](const auto& each) { return each->text() == text && each->style() == style; };
     for (const Texts* texts : {&m_current, &m_earlier})
         if (const auto known = std::ranges::find_if(*texts, isSame); known != texts->end())
-            return m_current.emplace_back(std::shared_ptr(*known));
+            return m_current.emplace_back(*known);
     return m_current.emplace_back(std::make_shared<const ShapedText>(text, style, look));
 }
 

@@ -8,8 +8,8 @@
 
 namespace vantel::scene {
 
-/// A text in one style, which remembers how it was broken: containers ask for its size again and again, and
-/// nothing else of a layout takes as long.
+/// A text in one style, which remembers how it was broken lately: containers ask for its size again and
+/// again, and nothing else of a layout takes as long.
 class ShapedText {
 public:
     ShapedText(QString text, const TextStyle& style, const Look& look);

@@ -64,6 +64,17 @@ TEST(ShapedText, IsBrokenAsIfNothingWereRememberedAndNothingLeftOut) {
     }
 }
 
+TEST(ShapedText, IsBrokenTheSameWayAfterMoreRoomsThanItRemembers) {
+    const QString words = QStringLiteral("one two three four five six seven eight nine ten eleven twelve");
+    const ShapedText text(words, styleOf(2), testLook());
+    for (const int step : {-1, 1})
+        for (int i = 0; i < 100; ++i) {
+            const double width = 120 + step * (i - 50);
+            expectSame(text.block(width, std::nullopt), brokenAsAWhole(words, styleOf(2), width), width,
+                       std::to_string(width));
+        }
+}
+
 TEST(ShapedText, HasNoMoreLinesThanItsRoomIsHigh) {
     const ShapedText text(QStringLiteral("one two three four five six seven"), styleOf(5), testLook());
     const double line = text.metrics().height();
@@ -79,7 +90,7 @@ TEST(ShapedText, HasNoMoreLinesThanItsRoomIsHigh) {
 TEST(ShapedText, ShrinksBeforeItIsCut) {
     const ShapedText text(QStringLiteral("1234567890"), styleOf(1, 0.5), testLook());
     for (const double share : {0.95, 0.7, 0.52}) {
-        const TextBlock block = text.block(share * text.width(), std::nullopt);
+        const TextBlock& block = text.block(share * text.width(), std::nullopt);
         EXPECT_FALSE(block.isCut) << share;
         EXPECT_LE(block.size().width(), share * text.width()) << share;
     }
