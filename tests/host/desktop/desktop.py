@@ -44,7 +44,7 @@ class Desktop:
     def __init__(self, widgets, vantelctl):
         self.widgets, self.vantelctl = widgets, vantelctl
         self.folder = pathlib.Path(tempfile.mkdtemp(prefix="vantel-desktop-"))
-        self.environment = dict(os.environ, HOME=str(self.folder), TZ="Europe/Berlin", LC_ALL="C.UTF-8",
+        self.environment = dict(os.environ, HOME=str(self.folder), TZ=zone_where(time.time(), 12), LC_ALL="C.UTF-8",
                                 PATH=f"{self.folder / 'bin'}:{os.environ['PATH']}")
         for name in ("DATA_HOME", "STATE_HOME", "CONFIG_HOME", "RUNTIME_DIR"):
             path = self.folder / name.lower()
@@ -300,6 +300,12 @@ class Desktop:
 
     def window_count(self):
         return len(self.output("xdotool", "search", "--onlyvisible", "--name", ".*").split())
+
+
+def zone_where(moment, hour):
+    """A zone without summer time whose clocks show that hour at a moment."""
+    ahead = (hour - time.gmtime(moment).tm_hour + 11) % 24 - 11
+    return f"Etc/GMT{-ahead:+d}" if ahead else "Etc/GMT"
 
 
 class OwnZone:

@@ -3,7 +3,7 @@ import socket
 import time
 
 from cards import FIRST_ROW, FOCUS, MAC_EPOCH, NEXT_UP, TITLE, TRIAGE
-from desktop import Failed, OwnZone, expect, wait_for
+from desktop import Failed, OwnZone, expect, wait_for, zone_where
 from screen_reader import ScreenReader
 from session_bus import SettingsPortal
 
@@ -38,12 +38,6 @@ def a_meeting_that_starts_is_shown_at_once(desktop):
     wait_for(lambda: not is_dark(), "the light card of a running meeting")
     late = time.time() - MAC_EPOCH - start
     expect(late >= 0, f"it came {-late} seconds too early")
-
-
-def zone_where(moment, hour):
-    """A zone without summer time whose clocks show that hour at a moment."""
-    ahead = (hour - time.gmtime(moment).tm_hour + 11) % 24 - 11
-    return f"Etc/GMT{-ahead:+d}" if ahead else "Etc/GMT"
 
 
 def another_zone_is_shown_at_once(desktop):
