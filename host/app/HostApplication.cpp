@@ -28,6 +28,9 @@ constexpr auto patienceAtEnd = 800ms;
 /// seen are uglier than cards that come a little later.
 constexpr auto patienceWithPortal = 150ms;
 
+/// What no card shows may wait until all cards are seen.
+constexpr auto untilAllIsSeen = 1s;
+
 void warn(const std::string& sentence) {
     qWarning("%s", sentence.c_str());
 }
@@ -90,9 +93,9 @@ void bringForward(QWidget& window, const QString& activationToken) {
 HostApplication::HostApplication(HostedWidgets widgets, const Formats& formats, BusKnock sessionBus)
     : m_widgets(std::move(widgets))
     , m_formats(formats)
-    , m_bus(std::move(sessionBus))
-    , m_settings(m_bus, isDesktopPaletteDark)
-    , m_links(m_bus, formats, m_widgets.linkScheme)
+    , m_sessionBus(std::move(sessionBus))
+    , m_settings(m_sessionBus, isDesktopPaletteDark)
+    , m_links(m_sessionBus, formats, m_widgets.linkScheme)
     , m_schedule(m_widgets.bundle,
                  {*m_clock, m_alarm, formats, SystemCalendar::current, m_widgets.entryWithoutData})
     , m_intents(m_widgets.bundle, {m_clock, m_identifiers}, formats)
@@ -104,6 +107,7 @@ HostApplication::HostApplication(HostedWidgets widgets, const Formats& formats, 
     joinCards();
     joinSchedule();
     joinDesk();
+    joinDays();
     joinBus();
 }
 
@@ -129,7 +133,7 @@ int HostApplication::runWith(const QString& action) {
     perform(action, activationToken());
     m_desk.start();
     connect(&m_service, &WidgetsService::activated, this, &HostApplication::comeForward);
-    QTimer::singleShot(0, this, &HostApplication::watchDays);
+    QTimer::singleShot(untilAllIsSeen, this, &HostApplication::joinSystemBus);
     return QApplication::exec();
 }
 
@@ -161,21 +165,25 @@ void HostApplication::joinSchedule() {
     connect(&m_schedule, &WidgetSchedule::viewChanged, this, &HostApplication::showView);
     connect(&m_schedule, &WidgetSchedule::ticked, this, &HostApplication::tick);
     connect(&m_alarm, &Alarm::clockStepped, this, &HostApplication::tick);
-    connect(&m_alarm, &Alarm::reached, &m_bus, &SessionBus::lookAgain);
+    connect(&m_alarm, &Alarm::reached, &m_sessionBus, &MessageBus::lookAgain);
     connect(&m_schedule, &WidgetSchedule::settled, this, [this](const std::string& kind) {
         for (const IntentCall& call : std::exchange(m_performed[kind], {}))
             m_cards.endPending(kind, call);
     });
 }
 
-/// Nothing on screen waits for it, so that the first frame need not either.
-void HostApplication::watchDays() {
-    m_days = std::make_unique<DayWatch>();
-    connect(m_days.get(), &DayWatch::zoneChanged, &m_schedule, &WidgetSchedule::applyZoneChange);
-    connect(m_days.get(), &DayWatch::resumed, this, [this] {
+void HostApplication::joinDays() {
+    connect(&m_days, &DayWatch::zoneChanged, &m_schedule, &WidgetSchedule::applyZoneChange);
+    connect(&m_days, &DayWatch::resumed, this, [this] {
         m_schedule.reloadAll();
         tick();
     });
+}
+
+/// Nobody waits for it: it is taken when it has answered.
+void HostApplication::joinSystemBus() {
+    m_systemBus = std::make_unique<MessageBus>(BusKnock(systemBusAddress(), 0ms));
+    m_days.listenTo(*m_systemBus);
 }
 
 void HostApplication::joinDesk() {

@@ -42,7 +42,8 @@ private:
     void joinSchedule();
     void joinDesk();
     void joinBus();
-    void watchDays();
+    void joinDays();
+    void joinSystemBus();
     QWidget* makeCard(const WidgetKey& key);
     void openLink(CardWidget* card, const Url& url);
     void showView(const WidgetKey& key);
@@ -60,8 +61,8 @@ private:
     const Formats& m_formats;
     std::shared_ptr<const Clock> m_clock = std::make_shared<SystemClock>();
     std::shared_ptr<UuidSource> m_identifiers = std::make_shared<SystemUuidSource>();
-    SessionBus m_bus;
-    WidgetsService m_service{m_bus};
+    MessageBus m_sessionBus;
+    WidgetsService m_service{m_sessionBus};
     DesktopSettings m_settings;
     LinkOpener m_links;
     WakeTimer m_alarm;
@@ -74,7 +75,8 @@ private:
     PlacementSaver m_placements;
     Desk m_desk;
     QPointer<GalleryWindow> m_gallery;
-    std::unique_ptr<DayWatch> m_days;
+    std::unique_ptr<MessageBus> m_systemBus;
+    DayWatch m_days;
     std::map<std::string, std::vector<IntentCall>> m_performed; ///< of each kind, not yet seen on its cards
 };
 

@@ -38,6 +38,11 @@ QString sessionBusAddress() {
     return QStringLiteral("unix:path=") + folder + QStringLiteral("/bus");
 }
 
+QString systemBusAddress() {
+    return qEnvironmentVariable("DBUS_SYSTEM_BUS_ADDRESS",
+                                QStringLiteral("unix:path=/run/dbus/system_bus_socket"));
+}
+
 std::optional<std::string> busSocket(const QString& address) {
     const QString prefix = QStringLiteral("unix:");
     const QString key = QStringLiteral("path=");

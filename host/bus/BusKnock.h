@@ -13,6 +13,9 @@ namespace vantel {
 /// nowhere.
 QString sessionBusAddress();
 
+/// Where the system bus listens: `DBUS_SYSTEM_BUS_ADDRESS`, else the usual place.
+QString systemBusAddress();
+
 /// The socket file of a bus, the first one that its address names; absent where it has none, as an abstract
 /// socket or a port.
 std::optional<std::string> busSocket(const QString& address);

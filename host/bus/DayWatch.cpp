@@ -12,12 +12,20 @@ const QString zoneProperty = u"Timezone"_s;
 
 } // namespace
 
-DayWatch::DayWatch(QDBusConnection systemBus, const std::string& zoneFile, QObject* parent)
+DayWatch::DayWatch(const std::string& zoneFile, QObject* parent)
     : QObject(parent)
     , m_zoneFile(zoneFile) {
     connect(&m_zoneFile, &FileWatch::changed, this, &DayWatch::zoneChanged);
-    if (!systemBus.isConnected())
-        return;
+}
+
+void DayWatch::listenTo(const MessageBus& systemBus) {
+    connect(&systemBus, &MessageBus::reconnected, this,
+            [this, &systemBus] { subscribe(systemBus.connection()); });
+    if (systemBus.isConnected())
+        subscribe(systemBus.connection());
+}
+
+void DayWatch::subscribe(QDBusConnection systemBus) {
     systemBus.connect(login, u"/org/freedesktop/login1"_s, u"org.freedesktop.login1.Manager"_s,
                       u"PrepareForSleep"_s, this, SLOT(handleSleep(bool)));
     systemBus.connect(timedate, u"/org/freedesktop/timedate1"_s, u"org.freedesktop.DBus.Properties"_s,

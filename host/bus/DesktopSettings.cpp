@@ -22,7 +22,7 @@ const QString readWrapped = u"Read"_s; // of portals before 1.17.1; wraps the va
 
 } // namespace
 
-DesktopSettings::DesktopSettings(SessionBus& bus, std::function<bool()> isPaletteDark, QObject* parent)
+DesktopSettings::DesktopSettings(MessageBus& bus, std::function<bool()> isPaletteDark, QObject* parent)
     : QObject(parent)
     , m_bus(bus)
     , m_isPaletteDark(std::move(isPaletteDark))
@@ -31,7 +31,7 @@ DesktopSettings::DesktopSettings(SessionBus& bus, std::function<bool()> isPalett
     // it.
     qRegisterMetaType<QDBusVariant>("QDBusVariant");
     QCoreApplication::instance()->installEventFilter(this);
-    connect(&m_bus, &SessionBus::reconnected, this, &DesktopSettings::askForAll);
+    connect(&m_bus, &MessageBus::reconnected, this, &DesktopSettings::askForAll);
     askForAll();
 }
 

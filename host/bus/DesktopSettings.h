@@ -1,7 +1,7 @@
 #pragma once
 
 #include "host/bus/DesktopPreferences.h"
-#include "host/bus/SessionBus.h"
+#include "host/bus/MessageBus.h"
 
 #include <QDBusVariant>
 #include <QObject>
@@ -21,7 +21,7 @@ class DesktopSettings final : public QObject {
 public:
     /// `bus` lives longer. `isPaletteDark` tells of the desktop's own palette, where the program may have
     /// put another one in its place.
-    DesktopSettings(SessionBus& bus, std::function<bool()> isPaletteDark, QObject* parent = nullptr);
+    DesktopSettings(MessageBus& bus, std::function<bool()> isPaletteDark, QObject* parent = nullptr);
 
     /// Waits until the portal has answered all that it was asked, or the time is over; meanwhile events
     /// are handled. Ends at once where there is no portal.
@@ -46,7 +46,7 @@ private:
     void takeReply(const SettingName& name, const QString& method, const QDBusMessage& reply);
     void update();
 
-    SessionBus& m_bus;
+    MessageBus& m_bus;
     std::function<bool()> m_isPaletteDark;
     int m_unanswered = 0;
     PortalReadings m_readings;

@@ -57,7 +57,7 @@ LinkDoors LinkDoors::ofTheDesktop() {
             startsDetached};
 }
 
-LinkOpener::LinkOpener(SessionBus& bus, const Formats& formats, std::string scheme, LinkDoors doors,
+LinkOpener::LinkOpener(MessageBus& bus, const Formats& formats, std::string scheme, LinkDoors doors,
                        QObject* parent)
     : QObject(parent)
     , m_bus(bus)

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/bus/SessionBus.h"
+#include "host/bus/MessageBus.h"
 #include "platform/Formats.h"
 #include "platform/Url.h"
 
@@ -32,7 +32,7 @@ class LinkOpener final : public QObject {
 
 public:
     /// `bus` and `formats` live longer.
-    LinkOpener(SessionBus& bus, const Formats& formats, std::string scheme,
+    LinkOpener(MessageBus& bus, const Formats& formats, std::string scheme,
                LinkDoors doors = LinkDoors::ofTheDesktop(), QObject* parent = nullptr);
 
     /// Gets why a link was not opened, as a sentence for the user.
@@ -50,7 +50,7 @@ private:
     void startOpener(const QString& url, const Failed& failed);
     void fail(const Failed& failed, const char* sentenceKey) const;
 
-    SessionBus& m_bus;
+    MessageBus& m_bus;
     const Formats& m_formats;
     std::string m_scheme;
     LinkDoors m_doors;

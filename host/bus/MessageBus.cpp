@@ -1,4 +1,4 @@
-#include "host/bus/SessionBus.h"
+#include "host/bus/MessageBus.h"
 
 #include <QAtomicInt>
 #include <QSocketNotifier>
@@ -10,28 +10,28 @@ namespace {
 
 QString freshName() {
     static QAtomicInt last;
-    return QStringLiteral("vantel-session-%1").arg(last.fetchAndAddRelaxed(1));
+    return QStringLiteral("vantel-bus-%1").arg(last.fetchAndAddRelaxed(1));
 }
 
 } // namespace
 
-SessionBus::SessionBus(BusKnock knock, std::chrono::milliseconds pause, QObject* parent)
+MessageBus::MessageBus(BusKnock knock, std::chrono::milliseconds pause, QObject* parent)
     : QObject(parent)
     , m_knock(std::move(knock))
     , m_firstPause(pause)
     , m_connection(QString()) {
     m_retry.setSingleShot(true);
-    connect(&m_retry, &QTimer::timeout, this, &SessionBus::attempt);
+    connect(&m_retry, &QTimer::timeout, this, &MessageBus::attempt);
     follow();
     if (!isConnected())
         await();
 }
 
-SessionBus::~SessionBus() {
+MessageBus::~MessageBus() {
     QDBusConnection::disconnectFromBus(m_connection.name());
 }
 
-void SessionBus::follow() {
+void MessageBus::follow() {
     switch (m_knock.answer()) {
     case BusKnock::Answer::heard:
     case BusKnock::Answer::noDoor:
@@ -43,21 +43,21 @@ void SessionBus::follow() {
     }
 }
 
-void SessionBus::listen() {
+void MessageBus::listen() {
     if (m_knock.descriptor() < 0)
         return;
     m_listener = std::make_unique<QSocketNotifier>(m_knock.descriptor(), QSocketNotifier::Read);
-    connect(m_listener.get(), &QSocketNotifier::activated, this, &SessionBus::takeUp);
+    connect(m_listener.get(), &QSocketNotifier::activated, this, &MessageBus::takeUp);
 }
 
-void SessionBus::stopListening() {
+void MessageBus::stopListening() {
     if (!m_listener)
         return;
     m_listener->setEnabled(false);
     m_listener.release()->deleteLater(); // It may be the one that calls.
 }
 
-void SessionBus::connectNow() {
+void MessageBus::connectNow() {
     if (m_knock.address().isEmpty())
         return;
     m_connection = QDBusConnection::connectToBus(m_knock.address(), freshName());
@@ -68,15 +68,15 @@ void SessionBus::connectNow() {
                          SLOT(handleLoss()));
 }
 
-void SessionBus::await() {
+void MessageBus::await() {
     const auto socket = busSocket(m_knock.address());
     if (!socket)
         return;
     m_watch = std::make_unique<FileWatch>(*socket);
-    connect(m_watch.get(), &FileWatch::changed, this, &SessionBus::beginAttempts);
+    connect(m_watch.get(), &FileWatch::changed, this, &MessageBus::beginAttempts);
 }
 
-void SessionBus::handleLoss() {
+void MessageBus::handleLoss() {
     if (isConnected())
         return;
     QDBusConnection::disconnectFromBus(m_connection.name());
@@ -84,18 +84,18 @@ void SessionBus::handleLoss() {
     beginAttempts();
 }
 
-void SessionBus::beginAttempts() {
+void MessageBus::beginAttempts() {
     m_attemptsLeft = attempts;
     m_retry.start(m_firstPause);
 }
 
-void SessionBus::attempt() {
+void MessageBus::attempt() {
     if (--m_attemptsLeft > 0)
         m_retry.start(m_retry.intervalAsDuration() * 4);
     lookAgain();
 }
 
-void SessionBus::lookAgain() {
+void MessageBus::lookAgain() {
     if (isConnected())
         return;
     stopListening();
@@ -103,7 +103,7 @@ void SessionBus::lookAgain() {
     takeUp();
 }
 
-void SessionBus::takeUp() {
+void MessageBus::takeUp() {
     stopListening();
     follow();
     if (!isConnected())

@@ -14,16 +14,16 @@ class QSocketNotifier;
 
 namespace vantel {
 
-/// The program's one connection to the session bus. There may be none: everything that needs it goes without.
+/// The program's connection to a bus. There may be none: everything that needs it goes without.
 ///
 /// A bus that is not there, or is lost, is awaited without any wake-up: its socket file is watched. Each time
 /// that changes, and when the bus is lost, some attempts are made within two seconds, since a bus makes the
 /// file before it listens. Where there is no file to watch, `lookAgain` is all that finds it.
 ///
 /// A bus that lets the program in and does not speak is heard as soon as it does; nobody waits for it.
-class SessionBus final : public QObject {
+class MessageBus final : public QObject {
     Q_OBJECT
-    Q_DISABLE_COPY_MOVE(SessionBus)
+    Q_DISABLE_COPY_MOVE(MessageBus)
 
 public:
     static constexpr std::chrono::milliseconds firstPause{80};
@@ -31,9 +31,9 @@ public:
 
     /// Connects at once, which takes the bus a millisecond, unless what was knocked at is silent. `pause` is
     /// the first pause before another attempt.
-    explicit SessionBus(BusKnock knock = BusKnock(sessionBusAddress()),
-                        std::chrono::milliseconds pause = firstPause, QObject* parent = nullptr);
-    ~SessionBus() override;
+    explicit MessageBus(BusKnock knock, std::chrono::milliseconds pause = firstPause,
+                        QObject* parent = nullptr);
+    ~MessageBus() override;
 
     bool isConnected() const { return m_connection.isConnected(); }
 

@@ -25,7 +25,7 @@ QString text(std::string_view utf8) {
 
 } // namespace
 
-WidgetsService::WidgetsService(SessionBus& bus, QObject* parent)
+WidgetsService::WidgetsService(MessageBus& bus, QObject* parent)
     : QObject(parent)
     , m_bus(bus) {
     qDBusRegisterMetaType<WidgetConfiguration>();
@@ -44,7 +44,7 @@ WidgetsService::Start WidgetsService::start(const QString& activationToken, cons
     if (outcome == Start::alreadyRunning)
         askOwner(activationToken, action);
     else
-        connect(&m_bus, &SessionBus::reconnected, this, &WidgetsService::takeNameAgain);
+        connect(&m_bus, &MessageBus::reconnected, this, &WidgetsService::takeNameAgain);
     return outcome;
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "host/WidgetKey.h"
-#include "host/bus/SessionBus.h"
+#include "host/bus/MessageBus.h"
 #include "host/bus/WidgetConfiguration.h"
 
 #include <QObject>
@@ -29,7 +29,7 @@ public:
     };
 
     /// `bus` lives longer than the service.
-    explicit WidgetsService(SessionBus& bus, QObject* parent = nullptr);
+    explicit WidgetsService(MessageBus& bus, QObject* parent = nullptr);
     ~WidgetsService() override;
 
     /// Takes the name, once. Later on it is taken again whenever the bus has come, or come back; where
@@ -60,7 +60,7 @@ private:
     void takeNameAgain();
     void askOwner(const QString& activationToken, const QString& action);
 
-    SessionBus& m_bus;
+    MessageBus& m_bus;
     QObject m_exported; ///< what the bus sees: the adaptors, which are its children
     WidgetConfigurations m_configurations;
 };

@@ -1,6 +1,6 @@
 #include "core/WidgetShared.h"
+#include "host/bus/BusKnock.h"
 #include "host/bus/SchemeHandlers.h"
-#include "host/bus/SessionBus.h"
 #include "host/bus/WidgetsService.h"
 #include "host/doctor/LookAround.h"
 

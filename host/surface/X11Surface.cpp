@@ -3,6 +3,7 @@
 #include <QScreen>
 #include <QTimer>
 #include <QWindow>
+#include <algorithm>
 #include <array>
 #include <chrono>
 #include <string_view>
@@ -19,6 +20,11 @@ namespace {
 constexpr std::uint32_t allWorkspaces = 0xFFFFFFFF;
 constexpr std::chrono::seconds arrivalTime(1);
 constexpr std::uint32_t fromApplication = 1;
+constexpr std::string_view stateProperty = "_NET_WM_STATE";
+constexpr std::string_view below = "_NET_WM_STATE_BELOW";
+constexpr std::string_view sticky = "_NET_WM_STATE_STICKY";
+constexpr std::string_view skipTaskbar = "_NET_WM_STATE_SKIP_TASKBAR";
+constexpr std::string_view skipPager = "_NET_WM_STATE_SKIP_PAGER";
 constexpr std::string_view windowClass = "vantel-widgets\0org.vantel.Widgets\0"sv;
 
 /// ICCCM's WM_HINTS: nine numbers, of which the first says which others count.
@@ -49,6 +55,8 @@ xcb_window_t X11Surface::window() const {
 }
 
 void X11Surface::show(QScreen* screen, QPoint position) {
+    // The window manager takes the states of a window that is hidden from it, at a time that is its own.
+    const bool keepsStates = !widget().isVisible();
     widget().hide();
     m_mode = windowMode(m_system.manager());
     chooseFlags();
@@ -58,18 +66,23 @@ void X11Surface::show(QScreen* screen, QPoint position) {
     announce();
     applyShape();
     widget().show();
-    standBelow();
+    if (m_mode == WindowMode::overrideRedirect)
+        lower();
+    else if (!keepsStates)
+        standBelow();
     m_connection.flush();
-    QTimer::singleShot(arrivalTime, &widget(), [this] { showAgainIfLost(); });
+    QTimer::singleShot(arrivalTime, &widget(), [this] { mendIfMissed(); });
 }
 
-void X11Surface::showAgainIfLost() {
+void X11Surface::mendIfMissed() {
     const bool isManaged = m_system.manager().presence == WindowManager::Presence::running &&
                            m_mode != WindowMode::overrideRedirect;
-    const bool isLost =
-        isManaged && widget().isVisible() && m_connection.numbers(window(), "WM_STATE").empty();
-    if (isLost && m_triesLeft-- > 0)
-        show(widget().screen(), widget().pos());
+    if (!isManaged || !widget().isVisible())
+        return;
+    if (isLost() && m_triesLeft-- > 0)
+        return show(widget().screen(), widget().pos());
+    if (!standsBelow() && !hasKeyboard())
+        standBelow();
 }
 
 void X11Surface::chooseFlags() {
@@ -87,26 +100,38 @@ void X11Surface::announce() const {
     else
         m_connection.setAtoms(window(), "_NET_WM_WINDOW_TYPE", {"_NET_WM_WINDOW_TYPE_NORMAL"});
     m_connection.setNumbers(window(), "_NET_WM_DESKTOP", XCB_ATOM_CARDINAL, std::array{allWorkspaces});
+    m_connection.setAtoms(window(), stateProperty, {below, sticky, skipTaskbar, skipPager});
     setKeyboard(Keyboard::refused);
+}
+
+bool X11Surface::isLost() const {
+    return m_connection.numbers(window(), "WM_STATE").empty();
+}
+
+bool X11Surface::standsBelow() const {
+    const auto states = m_connection.numbers(window(), stateProperty);
+    return std::ranges::all_of(std::array{below, sticky, skipTaskbar, skipPager}, [&](auto state) {
+        return std::ranges::find(states, m_connection.atom(state)) != states.end();
+    });
 }
 
 void X11Surface::standBelow() const {
     if (m_mode == WindowMode::overrideRedirect)
         return lower();
-    changeState(StateChange::add, "_NET_WM_STATE_BELOW", "_NET_WM_STATE_STICKY");
-    changeState(StateChange::add, "_NET_WM_STATE_SKIP_TASKBAR", "_NET_WM_STATE_SKIP_PAGER");
+    changeState(StateChange::add, below, sticky);
+    changeState(StateChange::add, skipTaskbar, skipPager);
 }
 
 void X11Surface::lower() const {
-    const std::uint32_t below = XCB_STACK_MODE_BELOW;
-    xcb_configure_window(m_connection.xcb(), window(), XCB_CONFIG_WINDOW_STACK_MODE, &below);
+    const std::uint32_t lowest = XCB_STACK_MODE_BELOW;
+    xcb_configure_window(m_connection.xcb(), window(), XCB_CONFIG_WINDOW_STACK_MODE, &lowest);
 }
 
 void X11Surface::changeState(StateChange change, std::string_view first, std::string_view second) const {
     const std::array values{static_cast<std::uint32_t>(change), m_connection.atom(first),
                             second.empty() ? xcb_atom_t{XCB_ATOM_NONE} : m_connection.atom(second),
                             fromApplication, 0U};
-    m_connection.ask(window(), "_NET_WM_STATE", values);
+    m_connection.ask(window(), stateProperty, values);
 }
 
 void X11Surface::setKeyboard(Keyboard keyboard) const {
@@ -141,7 +166,7 @@ void X11Surface::applyShape() const {
 void X11Surface::takeFocus() {
     m_system.rememberFocus();
     setKeyboard(Keyboard::accepted);
-    changeState(StateChange::remove, "_NET_WM_STATE_BELOW");
+    changeState(StateChange::remove, below);
     changeState(StateChange::add, "_NET_WM_STATE_ABOVE");
     widget().raise();
     activate();

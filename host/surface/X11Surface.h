@@ -7,8 +7,8 @@
 
 namespace vantel {
 
-/// A desktop window on X11, as the running window manager needs it. Types and hints are set before the window
-/// is mapped; states are asked for afterwards, because the toolkit writes that property when it maps.
+/// A desktop window on X11, as the running window manager needs it. Types, hints and states are set before
+/// the window is mapped; the toolkit adds its own states to them.
 class X11Surface final : public WindowSurface {
 public:
     X11Surface(QWidget& window, X11WindowSystem& system);
@@ -33,8 +33,11 @@ private:
     void changeState(StateChange change, std::string_view first, std::string_view second = {}) const;
     void applyShape() const;
 
-    /// A window manager that is only just starting can miss a window, which then is never seen.
-    void showAgainIfLost();
+    /// A window manager that is only just starting can miss a window, which then is never seen, or what was
+    /// written on it.
+    void mendIfMissed();
+    bool isLost() const;
+    bool standsBelow() const;
 
     X11WindowSystem& m_system;
     const X11Connection& m_connection;

@@ -25,14 +25,17 @@ constexpr std::string_view checkProperty = "_NET_SUPPORTING_WM_CHECK";
 constexpr auto usualAtoms = std::to_array<std::string_view>(
     {checkProperty, "_NET_SUPPORTED", "_NET_WM_NAME", "WM_CLASS", "WM_HINTS", "_NET_WM_WINDOW_TYPE",
      "_NET_WM_DESKTOP", "_NET_WM_WINDOW_TYPE_DOCK", "_NET_WM_WINDOW_TYPE_NORMAL", "_NET_WM_STATE",
-     "_NET_WM_STATE_BELOW", "_NET_WM_STATE_STICKY", "_NET_WM_STATE_SKIP_PAGER",
-     "_NET_WM_STATE_SKIP_TASKBAR"});
+     "_NET_WM_STATE_BELOW", "_NET_WM_STATE_STICKY", "_NET_WM_STATE_SKIP_PAGER", "_NET_WM_STATE_SKIP_TASKBAR",
+     "WM_STATE"});
 
 } // namespace
 
 X11WindowSystem::X11WindowSystem(X11Connection connection)
     : m_connection(std::move(connection)) {
-    m_connection.learnAtoms(usualAtoms);
+    const std::string selection = m_connection.compositorSelection();
+    std::vector<std::string_view> names(usualAtoms.begin(), usualAtoms.end());
+    names.push_back(selection);
+    m_connection.learnAtoms(names);
     watchCompositor();
     lookForCompositor();
     lookForManager();
@@ -42,7 +45,13 @@ X11WindowSystem::X11WindowSystem(X11Connection connection)
 X11WindowSystem::~X11WindowSystem() = default;
 
 std::unique_ptr<Surface> X11WindowSystem::makeSurface(QWidget& window) {
+    m_cards.insert(&window);
+    connect(&window, &QObject::destroyed, this, [this, card = &window] { m_cards.erase(card); });
     return std::make_unique<X11Surface>(window, *this);
+}
+
+bool X11WindowSystem::isCard(xcb_window_t window) const {
+    return m_cards.contains(QWidget::find(window));
 }
 
 void X11WindowSystem::rememberFocus() {
@@ -81,7 +90,11 @@ bool X11WindowSystem::nativeEventFilter(const QByteArray& type, void* message, q
     const auto* change = reinterpret_cast<const xcb_property_notify_event_t*>(event);
     if (change->window == m_connection.root() && change->atom == m_connection.atom(checkProperty))
         lookForManager();
-    return false;
+    // The toolkit would ask the server for the states of a window at each change, and a card has none that
+    // it must know of.
+    const bool isState =
+        change->atom == m_connection.atom("_NET_WM_STATE") || change->atom == m_connection.atom("WM_STATE");
+    return isState && isCard(change->window);
 }
 
 void X11WindowSystem::lookForCompositor() {

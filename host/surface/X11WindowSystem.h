@@ -4,6 +4,7 @@
 #include "host/surface/X11Connection.h"
 
 #include <QAbstractNativeEventFilter>
+#include <set>
 
 namespace vantel {
 
@@ -30,6 +31,7 @@ public:
     void restoreFocus();
 
 private:
+    bool isCard(xcb_window_t window) const;
     bool nativeEventFilter(const QByteArray& type, void* message, qintptr* result) override;
     void watchCompositor();
     void lookForCompositor();
@@ -40,6 +42,7 @@ private:
     Blending m_blending = Blending::none;
     WindowManager m_manager;
     xcb_window_t m_focusBefore = XCB_NONE;
+    std::set<const QWidget*> m_cards;
 };
 
 } // namespace vantel

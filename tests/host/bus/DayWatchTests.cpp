@@ -13,6 +13,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 using namespace testing;
+using namespace std::chrono_literals;
 
 /// Counts the signals of a watch.
 struct Heard {
@@ -37,7 +38,7 @@ protected:
     }
 
     ScratchFolder folder;
-    DayWatch watch{QDBusConnection(QString()), folder / "localtime"};
+    DayWatch watch{folder / "localtime"};
     Heard heard{watch};
 };
 
@@ -67,7 +68,9 @@ TEST_F(ZoneFileTest, ItsNeighboursAreNot) {
 
 TEST(DayWatchWithoutAnything, IsSilent) {
     const ScratchFolder folder;
-    const DayWatch watch(QDBusConnection(QString()), folder / "missing/localtime");
+    const MessageBus bus{BusKnock(QString())};
+    DayWatch watch(folder / "missing/localtime");
+    watch.listenTo(bus);
 }
 
 class DayWatchOnABusTest : public ::testing::Test {
@@ -93,24 +96,35 @@ protected:
     void SetUp() override {
         ASSERT_TRUE(system.connection.registerService(u"org.freedesktop.login1"_s));
         ASSERT_TRUE(system.connection.registerService(u"org.freedesktop.timedate1"_s));
-        watch.emplace(watcher.connection, folder / "localtime");
-        heard.emplace(*watch);
+        watch.listenTo(watchedBus);
     }
 
     ScratchFolder folder;
     PrivateBus bus;
     BusPeer system{bus};
-    BusPeer watcher{bus};
-    std::optional<DayWatch> watch;
-    std::optional<Heard> heard;
+    MessageBus watchedBus{bus.address(), 1ms};
+    DayWatch watch{folder / "localtime"};
+    Heard heard{watch};
 };
 
 TEST_F(DayWatchOnABusTest, TheEndOfSleepIsToldAndItsBeginningIsNot) {
     sendSleep(system, {true});
     sendSleep(system, {false});
-    EXPECT_TRUE(waitUntil([this] { return heard->resumed == 1; }));
+    EXPECT_TRUE(waitUntil([this] { return heard.resumed == 1; }));
     serveEvents();
-    EXPECT_EQ(heard->resumed, 1);
+    EXPECT_EQ(heard.resumed, 1);
+}
+
+TEST_F(DayWatchOnABusTest, ABusThatComesBackIsHeardAgain) {
+    bus.stop();
+    ASSERT_TRUE(waitUntil([this] { return !watchedBus.isConnected(); }));
+    bus.start();
+    ASSERT_TRUE(waitUntil([this] { return watchedBus.isConnected(); }));
+    const BusPeer systemAgain(bus);
+    QDBusConnection connection = systemAgain.connection;
+    ASSERT_TRUE(connection.registerService(u"org.freedesktop.login1"_s));
+    sendSleep(systemAgain, {false});
+    EXPECT_TRUE(waitUntil([this] { return heard.resumed == 1; }));
 }
 
 TEST_F(DayWatchOnABusTest, AnotherZoneIsToldAndOtherPropertiesAreNot) {
@@ -123,8 +137,8 @@ TEST_F(DayWatchOnABusTest, AnotherZoneIsToldAndOtherPropertiesAreNot) {
     sendProperties({timedate, zone, QStringList()});
     sendProperties({timedate, none, QStringList{u"Timezone"_s}});
     sendSleep(system, {false});
-    ASSERT_TRUE(waitUntil([this] { return heard->resumed == 1; }));
-    EXPECT_EQ(heard->zoneChanged, 2);
+    ASSERT_TRUE(waitUntil([this] { return heard.resumed == 1; }));
+    EXPECT_EQ(heard.zoneChanged, 2);
 }
 
 TEST_F(DayWatchOnABusTest, MalformedSignalsAndStrangersAreNotHeard) {
@@ -135,10 +149,10 @@ TEST_F(DayWatchOnABusTest, MalformedSignalsAndStrangersAreNotHeard) {
     sendProperties({u"org.freedesktop.timedate1"_s});
     sendProperties({1, 2, 3});
     sendSleep(system, {false});
-    ASSERT_TRUE(waitUntil([this] { return heard->resumed > 0; }));
+    ASSERT_TRUE(waitUntil([this] { return heard.resumed > 0; }));
     serveEvents();
-    EXPECT_EQ(heard->resumed, 1);
-    EXPECT_EQ(heard->zoneChanged, 0);
+    EXPECT_EQ(heard.resumed, 1);
+    EXPECT_EQ(heard.zoneChanged, 0);
 }
 
 } // namespace

@@ -56,7 +56,7 @@ protected:
     const ScopedPalette light{Qt::white, Qt::black};
     PrivateBus privateBus;
     MockPortal portal{privateBus};
-    SessionBus bus{privateBus.address(), 1ms};
+    MessageBus bus{privateBus.address(), 1ms};
     std::optional<DesktopSettings> settings;
     std::vector<DesktopPreferences> heard;
 };
@@ -140,7 +140,7 @@ TEST_F(DesktopSettingsTest, ThePaletteCountsWhileThePortalHasNoPreference) {
 
 TEST(DesktopSettingsWithoutBus, FollowThePalette) {
     const ScopedPalette dark(Qt::black, Qt::white);
-    SessionBus bus{QString()};
+    MessageBus bus{QString()};
     const DesktopSettings settings(bus, isDesktopPaletteDark);
     EXPECT_EQ(settings.preferences(), DesktopPreferences{.isDark = true});
 }

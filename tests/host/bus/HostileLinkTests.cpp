@@ -14,7 +14,7 @@ using namespace testing;
 TEST(HostileLinks, OpenNothingThatIsNoWellFormedLinkOfTheCompanion) {
     QStringList started;
     PlainFormats formats;
-    SessionBus noBus{QString()};
+    MessageBus noBus{QString()};
     LinkOpener opener(noBus, formats, "vantel",
                       LinkDoors{[](const QString&) { return true; },
                                 [&started](const QString& program, const QStringList& arguments) {

@@ -18,7 +18,7 @@ const Url task{"vantel://task?id=a%26b"};
 
 class LinkOpenerTest : public ::testing::Test {
 protected:
-    void use(SessionBus& bus) {
+    void use(MessageBus& bus) {
         made.emplace(bus, formats, "vantel",
                      LinkDoors{[this](const QString&) { return hasHandler; },
                                [this](const QString& program, const QStringList& arguments) {
@@ -33,7 +33,7 @@ protected:
     }
 
     PlainFormats formats;
-    SessionBus noBus{QString()};
+    MessageBus noBus{QString()};
     std::optional<LinkOpener> made;
     bool hasHandler = true;
     bool canStart = true;
@@ -44,7 +44,7 @@ protected:
 class LinkOpenerOnABusTest : public LinkOpenerTest {
 protected:
     PrivateBus privateBus;
-    SessionBus bus{privateBus.address()};
+    MessageBus bus{privateBus.address()};
 };
 
 TEST_F(LinkOpenerOnABusTest, ThePortalOpensTheLink) {

@@ -1,4 +1,4 @@
-#include "host/bus/SessionBus.h"
+#include "host/bus/MessageBus.h"
 #include "tests/host/bus/PrivateBus.h"
 #include "tests/host/schedule/WindowThread.h"
 
@@ -19,11 +19,11 @@ namespace {
 using namespace testing;
 using namespace std::chrono_literals;
 
-class SessionBusTest : public ::testing::Test {
+class MessageBusTest : public ::testing::Test {
 protected:
     void use(const QString& address) {
         bus.emplace(address, 1ms);
-        QObject::connect(&*bus, &SessionBus::reconnected, [this] { ++reconnections; });
+        QObject::connect(&*bus, &MessageBus::reconnected, [this] { ++reconnections; });
     }
 
     /// Serves events until all attempts after a loss or a change are over.
@@ -36,11 +36,11 @@ protected:
     }
 
     PrivateBus privateBus;
-    std::optional<SessionBus> bus;
+    std::optional<MessageBus> bus;
     int reconnections = 0;
 };
 
-TEST_F(SessionBusTest, ABusThatComesAfterTheStartIsNoticed) {
+TEST_F(MessageBusTest, ABusThatComesAfterTheStartIsNoticed) {
     privateBus.stop();
     use(privateBus.address());
     EXPECT_FALSE(bus->isConnected());
@@ -50,7 +50,7 @@ TEST_F(SessionBusTest, ABusThatComesAfterTheStartIsNoticed) {
     EXPECT_TRUE(bus->isConnected());
 }
 
-TEST_F(SessionBusTest, ABusThatComesBackIsNoticedHoweverLateAndOften) {
+TEST_F(MessageBusTest, ABusThatComesBackIsNoticedHoweverLateAndOften) {
     use(privateBus.address());
     ASSERT_TRUE(bus->isConnected());
     for (int round = 1; round <= 3; ++round) {
@@ -62,7 +62,7 @@ TEST_F(SessionBusTest, ABusThatComesBackIsNoticedHoweverLateAndOften) {
     }
 }
 
-TEST_F(SessionBusTest, WithoutAFileItIsLookedForWhenThatIsAsked) {
+TEST_F(MessageBusTest, WithoutAFileItIsLookedForWhenThatIsAsked) {
     use(privateBus.abstractAddress());
     ASSERT_TRUE(bus->isConnected());
     bus->lookAgain();
@@ -80,10 +80,10 @@ TEST_F(SessionBusTest, WithoutAFileItIsLookedForWhenThatIsAsked) {
     EXPECT_TRUE(bus->isConnected());
 }
 
-TEST_F(SessionBusTest, ABusThatIsSilentAtTheStartIsNoticedOnceItSpeaks) {
+TEST_F(MessageBusTest, ABusThatIsSilentAtTheStartIsNoticedOnceItSpeaks) {
     privateBus.fallSilent();
     bus.emplace(BusKnock(privateBus.address(), 1ms), 1ms);
-    QObject::connect(&*bus, &SessionBus::reconnected, [this] { ++reconnections; });
+    QObject::connect(&*bus, &MessageBus::reconnected, [this] { ++reconnections; });
     EXPECT_FALSE(bus->isConnected());
     waitForLastAttempt();
     EXPECT_EQ(reconnections, 0);
@@ -92,7 +92,7 @@ TEST_F(SessionBusTest, ABusThatIsSilentAtTheStartIsNoticedOnceItSpeaks) {
     EXPECT_TRUE(bus->isConnected());
 }
 
-TEST_F(SessionBusTest, ABusThatComesBackSilentIsNoticedOnceItSpeaks) {
+TEST_F(MessageBusTest, ABusThatComesBackSilentIsNoticedOnceItSpeaks) {
     use(privateBus.address());
     privateBus.stop();
     ASSERT_TRUE(waitUntil([this] { return !bus->isConnected(); }));
@@ -105,10 +105,10 @@ TEST_F(SessionBusTest, ABusThatComesBackSilentIsNoticedOnceItSpeaks) {
     EXPECT_TRUE(waitUntil([this] { return reconnections == 1; }));
 }
 
-TEST_F(SessionBusTest, ASilentBusThatDiesIsNoticedWhenAnotherOneTakesItsPlace) {
+TEST_F(MessageBusTest, ASilentBusThatDiesIsNoticedWhenAnotherOneTakesItsPlace) {
     privateBus.fallSilent();
     bus.emplace(BusKnock(privateBus.address(), 1ms), 1ms);
-    QObject::connect(&*bus, &SessionBus::reconnected, [this] { ++reconnections; });
+    QObject::connect(&*bus, &MessageBus::reconnected, [this] { ++reconnections; });
     privateBus.stop();
     waitForLastAttempt();
     EXPECT_EQ(reconnections, 0);
@@ -151,7 +151,7 @@ private:
     std::thread m_keeper;
 };
 
-TEST_F(SessionBusTest, OnceTheAttemptsAreOverNobodyLooksUntilTheFileChanges) {
+TEST_F(MessageBusTest, OnceTheAttemptsAreOverNobodyLooksUntilTheFileChanges) {
     const ScratchFolder folder;
     const std::string socket = folder / "socket";
     const ClosedDoor door(socket);
@@ -163,7 +163,7 @@ TEST_F(SessionBusTest, OnceTheAttemptsAreOverNobodyLooksUntilTheFileChanges) {
         std::ofstream(folder / "other") << "not the socket";
         std::filesystem::rename(socket, folder / "moved");
         std::filesystem::rename(folder / "moved", socket);
-        const int expected = 1 + round * SessionBus::attempts;
+        const int expected = 1 + round * MessageBus::attempts;
         EXPECT_TRUE(waitUntil([&] { return door.visitors() == expected; })) << door.visitors();
         waitForLastAttempt();
         EXPECT_EQ(door.visitors(), expected);

@@ -38,7 +38,7 @@ protected:
     }
 
     PrivateBus privateBus;
-    SessionBus bus{privateBus.address(), 1ms};
+    MessageBus bus{privateBus.address(), 1ms};
     WidgetsService service{bus};
     BusPeer peer{privateBus};
     std::vector<std::string> heard;
@@ -136,7 +136,7 @@ TEST_F(WidgetsServiceTest, ASecondProcessAsksTheFirstForWhatItWasStartedForAndKn
         std::atomic<bool> isDone = false;
         auto second = WidgetsService::Start::noBus;
         std::thread process([&, wanted = action] {
-            SessionBus itsBus(privateBus.address());
+            MessageBus itsBus(privateBus.address());
             second = WidgetsService(itsBus).start(u"T2"_s, wanted);
             isDone = true;
         });
@@ -165,7 +165,7 @@ TEST_F(WidgetsServiceTest, TheNameIsTakenAgainWhenTheBusHasComeBack) {
 TEST(WidgetsServiceWithoutBus, TakesTheNameOnceThereIsOne) {
     PrivateBus privateBus;
     privateBus.stop();
-    SessionBus bus(privateBus.address(), 1ms);
+    MessageBus bus(privateBus.address(), 1ms);
     WidgetsService service(bus);
     EXPECT_EQ(service.start(), WidgetsService::Start::noBus);
     privateBus.start();
@@ -178,7 +178,7 @@ TEST(WidgetsServiceWithoutBus, GoesOnWithout) {
     const ScratchFolder folder;
     for (const QString& address :
          {QString(), u"unix:path="_s + QString::fromStdString(folder / "none"), u"no address"_s}) {
-        SessionBus bus(address);
+        MessageBus bus(address);
         WidgetsService service(bus);
         EXPECT_EQ(service.start(), WidgetsService::Start::noBus) << address.toStdString();
     }
@@ -186,7 +186,7 @@ TEST(WidgetsServiceWithoutBus, GoesOnWithout) {
 
 TEST(WidgetsServiceWithoutBus, ABusThatRefusesTheNameIsSaidAndIsNoOtherProcess) {
     const PrivateBus privateBus(PrivateBus::Names::refused);
-    SessionBus bus(privateBus.address());
+    MessageBus bus(privateBus.address());
     ASSERT_TRUE(bus.isConnected());
     WidgetsService service(bus);
     ::testing::internal::CaptureStderr();

@@ -22,15 +22,15 @@ def call(bus, name, path, method, signature="()", *arguments):
 
 
 class MuteBus:
-    """Takes the session bus's place for all that starts now. Lets everybody in, and never says a word."""
+    """Takes the place of a bus for all that starts now. Lets everybody in, and never says a word."""
 
-    def __init__(self, desktop):
+    def __init__(self, desktop, variable="DBUS_SESSION_BUS_ADDRESS"):
         path = str(desktop.folder / "mute")
         self.visitors = []
         self.listener = socket.socket(socket.AF_UNIX)
         self.listener.bind(path)
         self.listener.listen()
-        desktop.environment["DBUS_SESSION_BUS_ADDRESS"] = f"unix:path={path}"
+        desktop.environment[variable] = f"unix:path={path}"
         threading.Thread(target=self.open_doors, daemon=True).start()
 
     def open_doors(self):

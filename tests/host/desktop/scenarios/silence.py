@@ -1,4 +1,4 @@
-"""A session bus that lets everybody in and does not answer."""
+"""A bus that lets everybody in and does not answer."""
 import signal
 
 from cards import CIRCLE, FIRST_ROW, FOCUS
@@ -16,6 +16,15 @@ def a_bus_that_never_answers_keeps_no_widgets_away(desktop):
     wait_for(desktop.journal, "a journal line")
     process.send_signal(signal.SIGTERM)
     expect(process.wait(5) == 0, "the program did not end well")
+
+
+def a_system_bus_that_never_answers_holds_up_no_click(desktop):
+    bus = MuteBus(desktop, "DBUS_SYSTEM_BUS_ADDRESS")
+    desktop.show_sample_day()
+    wait_for(lambda: bus.visitors, "somebody who comes to the bus")
+    left, top, _, _ = desktop.card(FOCUS)
+    desktop.click(left + CIRCLE, top + FIRST_ROW)
+    wait_for(desktop.journal, "a journal line")
 
 
 def a_bus_that_answers_late_is_taken(desktop):
