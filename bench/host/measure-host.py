@@ -80,7 +80,7 @@ def conky(desktop):
 
 def start_up(desktop, rival):
     """The milliseconds to the last first frame, and the memory once all is quiet."""
-    bare = [desktop.screen.look_at(area) for area in desktop.areas()]
+    bare = desktop.screen.glance(desktop.areas())
     begin = time.monotonic()
     processes = rival(desktop)
     frame = desktop.screen.first_picture(desktop.areas(), bare)
