@@ -3,20 +3,15 @@
 #include "platform/IcuLocale.h"
 #include "platform/IcuTables.h"
 #include "platform/MessageDomain.h"
+#include "platform/SpanFormat.h"
 
-#include <algorithm>
 #include <array>
-#include <cmath>
 #include <mutex>
-#include <vector>
 
 #include <libintl.h>
 #include <unicode/casemap.h>
 #include <unicode/dtptngen.h>
 #include <unicode/gregocal.h>
-#include <unicode/measfmt.h>
-#include <unicode/measunit.h>
-#include <unicode/measure.h>
 #include <unicode/smpdtfmt.h>
 
 namespace vantel {
@@ -84,26 +79,12 @@ std::string withOrdinarySpaces(icu::UnicodeString text) {
     return utf8(text);
 }
 
-/// The span in whole minutes, or in seconds below one minute, as the largest two units that are not zero.
-std::vector<std::pair<int, icu::MeasureUnit>> parts(Seconds left) {
-    constexpr double longest = 1e9 * 3600;
-    const double total = std::isnan(left.count()) ? 0 : std::clamp(std::ceil(left.count()), 0.0, longest);
-    if (total < 60)
-        return {{static_cast<int>(total), icu::MeasureUnit::getSecond()}};
-    const auto minutes = static_cast<std::int64_t>(std::ceil(total / 60));
-    std::vector<std::pair<int, icu::MeasureUnit>> result;
-    if (minutes >= 60)
-        result.emplace_back(static_cast<int>(minutes / 60), icu::MeasureUnit::getHour());
-    if (minutes % 60 != 0)
-        result.emplace_back(static_cast<int>(minutes % 60), icu::MeasureUnit::getMinute());
-    return result;
-}
-
 } // namespace
 
 struct LocalizedFormats::Formatters {
     explicit Formatters(const std::string& name)
-        : locale(icuLocale(name)) {
+        : locale(icuLocale(name))
+        , spans(spanLocale(locale)) {
         forgetZone();
     }
 
@@ -145,7 +126,7 @@ struct LocalizedFormats::Formatters {
     icu::Locale locale;
     std::unique_ptr<icu::DateTimePatternGenerator> patterns;
     std::array<std::unique_ptr<icu::SimpleDateFormat>, 4> dates;
-    std::unique_ptr<icu::MeasureFormat> spans;
+    SpanFormat spans;
 };
 
 LocalizedFormats::LocalizedFormats(const std::string& locale)
@@ -164,18 +145,7 @@ std::string LocalizedFormats::date(const CivilTime& time, DateFields fields) con
 
 std::string LocalizedFormats::timeLeft(Seconds left) const {
     const std::scoped_lock guard(m_formatters->mutex);
-    UErrorCode status = U_ZERO_ERROR;
-    auto& format = m_formatters->spans;
-    if (!format)
-        format = std::make_unique<icu::MeasureFormat>(spanLocale(m_formatters->locale), UMEASFMT_WIDTH_SHORT,
-                                                      status);
-    std::vector<icu::Measure> measures;
-    for (const auto& [count, unit] : parts(left))
-        measures.emplace_back(icu::Formattable(count), unit.clone(), status);
-    icu::UnicodeString text;
-    icu::FieldPosition position;
-    format->formatMeasures(measures.data(), static_cast<int32_t>(measures.size()), text, position, status);
-    return withOrdinarySpaces(text);
+    return withOrdinarySpaces(m_formatters->spans.text(left));
 }
 
 std::string LocalizedFormats::upperCase(std::string_view text) const {

@@ -69,6 +69,8 @@ protected:
 private:
     void layOutWithNewFonts();
     void layOut();
+    void makeScene();
+    void countDown();
     void markPending();
     bool canFadeTo(const WidgetView& view) const;
     void redraw();

@@ -19,12 +19,16 @@ struct TextPiece {
     Color color;
     bool invalidatable = false;
     bool isTurned = false; ///< drawn the other way round, as an arrow is where the layout is mirrored
+
+    bool operator==(const TextPiece&) const = default;
 };
 
 struct SymbolPiece {
     std::string_view name;
     Color color;
     SymbolRendering rendering;
+
+    bool operator==(const SymbolPiece&) const = default;
 };
 
 /// A filled rectangle with round corners.
@@ -34,6 +38,8 @@ struct ShapePiece {
     double rotation = 0;
     bool isHairline = false; ///< keeps to whole device pixels, so that it is never a blur
     bool isCapsule = false;  ///< gets an outline where it has the colour of what is behind it
+
+    bool operator==(const ShapePiece&) const = default;
 };
 
 /// One thing to draw, where it stands on its card, in points.
@@ -41,6 +47,8 @@ struct Piece {
     QRectF rectangle;
     std::variant<TextPiece, SymbolPiece, ShapePiece> drawing;
     std::optional<std::size_t> row; ///< the innermost row that holds it
+
+    bool operator==(const Piece&) const = default;
 };
 
 /// A place that does something when it is clicked.

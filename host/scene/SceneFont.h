@@ -14,6 +14,8 @@ struct LineMetrics {
     double descent;
     double pitch; ///< from one baseline to the next
 
+    bool operator==(const LineMetrics&) const = default;
+
     double height(std::size_t lines = 1) const {
         return ascent + descent + pitch * static_cast<double>(std::max<std::size_t>(lines, 1) - 1);
     }

@@ -17,6 +17,8 @@ struct TextLine {
     QList<QGlyphRun> glyphs;
     double width; ///< in points
     double pixelsPerPoint;
+
+    bool operator==(const TextLine&) const = default;
 };
 
 /// Lines of text that fit a room, shaped once and drawn many times.
@@ -27,6 +29,8 @@ struct TextBlock {
     bool isCut = false;   ///< ends in an ellipsis
 
     QSizeF size() const;
+
+    bool operator==(const TextBlock&) const = default;
 };
 
 /// The room that a text has: a width in points, and how many lines.

@@ -123,6 +123,16 @@ TEST(LocalizedFormats, ASpanReadsInItsTwoLargestUnits) {
     EXPECT_EQ(timeLeft(86'340), "23 hr, 59 min");
 }
 
+TEST(LocalizedFormats, ASpanReadsTheSameHoweverOftenItIsAsked) {
+    const LocalizedFormats english("en_US");
+    const LocalizedFormats belarusian("be_BY");
+    for (int i = 0; i < 10; ++i) {
+        EXPECT_EQ(english.timeLeft(Seconds(3900)), "1 hr, 5 min") << i;
+        EXPECT_EQ(english.timeLeft(Seconds(3.6e9)), "1,000,000 hr") << i;
+        EXPECT_EQ(belarusian.timeLeft(Seconds(3.6e6)), "1 000 гадз") << i;
+    }
+}
+
 TEST(LocalizedFormats, AMinuteThatHasBegunCountsWhole) {
     EXPECT_EQ(timeLeft(60), "1 min");
     EXPECT_EQ(timeLeft(60.5), "2 min");

@@ -68,8 +68,12 @@ protected:
 
     struct PaintCounter : QObject {
         int count = 0;
+        QRegion last;
         bool eventFilter(QObject*, QEvent* event) override {
-            count += event->type() == QEvent::Paint ? 1 : 0;
+            if (event->type() == QEvent::Paint) {
+                ++count;
+                last = static_cast<QPaintEvent*>(event)->region();
+            }
             return false;
         }
     };
@@ -279,6 +283,31 @@ TEST_F(CardWidgetTest, ANoticeIsShownAsPlainText) {
     for (int y = 110; y < 160 && !isDrawn; ++y)
         isDrawn = with.pixelColor(85, y) == QColor(0x1B, 0x1A, 0x17);
     EXPECT_TRUE(isDrawn);
+}
+
+TEST_F(CardWidgetTest, AMinuteOfACountdownRepaintsTheTimeAlone) {
+    const auto painted = [this](const auto& change) {
+        const int before = paints.count;
+        change();
+        EXPECT_TRUE(QTest::qWaitFor([&] { return paints.count > before; }));
+        return paints.last;
+    };
+    const auto minute = [this](double seconds) {
+        return [this, seconds] { card.setNow(instantFromReference(seconds)); };
+    };
+    const QRegion everything = card.rect();
+    EXPECT_EQ(
+        painted([this] { card.setView(viewOf({RelativeTime{instantFromReference(2400), {.font = {10}}}})); }),
+        everything);
+    painted(minute(60)); // The links of the view before go only now.
+    const QRegion time = painted(minute(120));
+    EXPECT_TRUE(time.contains(QPoint(85, 85)));
+    EXPECT_FALSE(time.intersects(QRect(0, 0, 170, 40)));
+    EXPECT_EQ(painted([this, &minute] {
+                  card.setLook(testLook(Appearance::darkAqua()));
+                  minute(180)();
+              }),
+              everything);
 }
 
 TEST_F(CardWidgetTest, ACountdownTellsWhenItReadsDifferently) {

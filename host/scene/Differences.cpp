@@ -1,0 +1,48 @@
+#include "host/scene/Differences.h"
+
+#include <algorithm>
+
+namespace vantel::scene {
+
+namespace {
+
+/// How far the letters of a plain text may lean out of its rectangle.
+constexpr double overhang = 4;
+
+bool isPlain(const QGlyphRun& run) {
+    return std::ranges::all_of(run.positions(), [](const QPointF& place) { return place.y() == 0; });
+}
+
+bool isPlain(const TextLine& line) {
+    return std::ranges::all_of(line.glyphs, [](const QGlyphRun& run) { return isPlain(run); });
+}
+
+/// Whether all of it is drawn near its rectangle. A shape that is turned, or marks above letters, are not.
+bool isPlain(const Piece& piece) {
+    if (const auto* text = std::get_if<TextPiece>(&piece.drawing))
+        return std::ranges::all_of(text->block.lines, [](const TextLine& line) { return isPlain(line); });
+    const auto* shape = std::get_if<ShapePiece>(&piece.drawing);
+    return shape == nullptr || shape->rotation == 0;
+}
+
+} // namespace
+
+std::optional<std::vector<QRectF>> differences(const Scene& before, const Scene& after) {
+    if (before.size != after.size || before.background != after.background ||
+        before.pieces.size() != after.pieces.size())
+        return std::nullopt;
+    std::vector<QRectF> places;
+    for (std::size_t i = 0; i < after.pieces.size(); ++i) {
+        const Piece& old = before.pieces[i];
+        const Piece& fresh = after.pieces[i];
+        if (old == fresh)
+            continue;
+        if (!isPlain(old) || !isPlain(fresh))
+            return std::nullopt;
+        places.push_back(
+            old.rectangle.united(fresh.rectangle).adjusted(-overhang, -overhang, overhang, overhang));
+    }
+    return places;
+}
+
+} // namespace vantel::scene
