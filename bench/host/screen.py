@@ -5,7 +5,7 @@ import struct
 import time
 
 PAUSE = 0.0005  # between two looks
-GLANCE = 4  # rows: no text is lower, and whoever looks at every row takes a processor from what is measured
+GLANCE = 4  # rows: every text is as high, and whoever looks at every row takes a processor from what is measured
 
 
 class Screen:

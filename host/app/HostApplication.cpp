@@ -28,7 +28,7 @@ constexpr auto patienceAtEnd = 800ms;
 /// seen are uglier than cards that come a little later.
 constexpr auto patienceWithPortal = 150ms;
 
-/// What no card shows may wait until all cards are seen.
+/// What no card shows may wait until all cards are there, which takes a tenth of it.
 constexpr auto untilAllIsSeen = 1s;
 
 void warn(const std::string& sentence) {
@@ -108,7 +108,7 @@ HostApplication::HostApplication(HostedWidgets widgets, const Formats& formats, 
     joinSchedule();
     joinDesk();
     joinDays();
-    joinBus();
+    joinSessionBus();
 }
 
 HostApplication::~HostApplication() = default;
@@ -183,6 +183,7 @@ void HostApplication::joinDays() {
 /// Nobody waits for it: it is taken when it has answered.
 void HostApplication::joinSystemBus() {
     m_systemBus = std::make_unique<MessageBus>(BusKnock(systemBusAddress(), 0ms));
+    connect(&m_alarm, &Alarm::reached, m_systemBus.get(), &MessageBus::lookAgain);
     m_days.listenTo(*m_systemBus);
 }
 
@@ -199,7 +200,7 @@ void HostApplication::joinDesk() {
     connect(&m_settings, &DesktopSettings::changed, this, &HostApplication::takePreferences);
 }
 
-void HostApplication::joinBus() {
+void HostApplication::joinSessionBus() {
     connect(&m_service, &WidgetsService::focusRequested, &m_desk, &Desk::focusWidgets);
     connect(&m_service, &WidgetsService::galleryRequested, this, [this] { showGallery(); });
     connect(&m_service, &WidgetsService::actionRequested, this, &HostApplication::perform);

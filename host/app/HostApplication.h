@@ -41,8 +41,8 @@ private:
     void joinCards();
     void joinSchedule();
     void joinDesk();
-    void joinBus();
     void joinDays();
+    void joinSessionBus();
     void joinSystemBus();
     QWidget* makeCard(const WidgetKey& key);
     void openLink(CardWidget* card, const Url& url);
@@ -65,6 +65,8 @@ private:
     WidgetsService m_service{m_sessionBus};
     DesktopSettings m_settings;
     LinkOpener m_links;
+    std::unique_ptr<MessageBus> m_systemBus; ///< later than the first frame
+    DayWatch m_days;                         ///< watches before the schedule first asks for the zone
     WakeTimer m_alarm;
     WidgetSchedule m_schedule;
     IntentRunner m_intents;
@@ -75,8 +77,6 @@ private:
     PlacementSaver m_placements;
     Desk m_desk;
     QPointer<GalleryWindow> m_gallery;
-    std::unique_ptr<MessageBus> m_systemBus;
-    DayWatch m_days;
     std::map<std::string, std::vector<IntentCall>> m_performed; ///< of each kind, not yet seen on its cards
 };
 

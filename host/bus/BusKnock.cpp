@@ -39,8 +39,8 @@ QString sessionBusAddress() {
 }
 
 QString systemBusAddress() {
-    return qEnvironmentVariable("DBUS_SYSTEM_BUS_ADDRESS",
-                                QStringLiteral("unix:path=/run/dbus/system_bus_socket"));
+    const QString address = qEnvironmentVariable("DBUS_SYSTEM_BUS_ADDRESS");
+    return address.isEmpty() ? QStringLiteral("unix:path=/run/dbus/system_bus_socket") : address;
 }
 
 std::optional<std::string> busSocket(const QString& address) {

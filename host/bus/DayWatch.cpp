@@ -1,5 +1,7 @@
 #include "host/bus/DayWatch.h"
 
+#include <utility>
+
 namespace vantel {
 
 using namespace Qt::StringLiterals;
@@ -31,6 +33,9 @@ void DayWatch::subscribe(QDBusConnection systemBus) {
     systemBus.connect(timedate, u"/org/freedesktop/timedate1"_s, u"org.freedesktop.DBus.Properties"_s,
                       u"PropertiesChanged"_s, this,
                       SLOT(handleProperties(QString, QVariantMap, QStringList)));
+    // Nobody could tell of a sleep that ended while the bus was lost.
+    if (std::exchange(m_wasSubscribed, true))
+        Q_EMIT resumed();
 }
 
 void DayWatch::handleSleep(bool isGoingToSleep) {

@@ -32,6 +32,7 @@ private:
                                  const QStringList& invalidated);
 
     FileWatch m_zoneFile;
+    bool m_wasSubscribed = false;
 };
 
 } // namespace vantel

@@ -85,7 +85,7 @@ SessionBusFacts lookAtSessionBus() {
 }
 
 SystemBusFacts lookAtSystemBus() {
-    const auto bus = QDBusConnection::connectToBus(QDBusConnection::SystemBus, u"vantel-doctor-system"_s);
+    const auto bus = QDBusConnection::connectToBus(systemBusAddress(), u"vantel-doctor-system"_s);
     if (!bus.isConnected())
         return {};
     const QStringList names = askDaemon(bus, u"ListNames"_s).toStringList() +

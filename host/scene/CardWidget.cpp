@@ -186,7 +186,7 @@ void CardWidget::layOut() {
     redraw();
 }
 
-/// Nothing but the times left reads differently, and a card that is drawn as a whole takes most of the work.
+/// Nothing but the times left reads differently, and to draw all of the card would be most of the work.
 void CardWidget::countDown() {
     const scene::Scene before = std::move(m_private->scene);
     makeScene();

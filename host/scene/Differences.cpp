@@ -1,5 +1,6 @@
 #include "host/scene/Differences.h"
 
+#include <QRawFont>
 #include <algorithm>
 
 namespace vantel::scene {
@@ -13,14 +14,23 @@ bool isPlain(const QGlyphRun& run) {
     return std::ranges::all_of(run.positions(), [](const QPointF& place) { return place.y() == 0; });
 }
 
-bool isPlain(const TextLine& line) {
-    return std::ranges::all_of(line.glyphs, [](const QGlyphRun& run) { return isPlain(run); });
+/// Fonts that stand in for the text's own may be higher and deeper than it.
+bool isPlain(const TextBlock& block) {
+    const double highest = block.metrics.ascent + overhang;
+    const double deepest = block.metrics.descent + overhang;
+    return std::ranges::all_of(block.lines, [&](const TextLine& line) {
+        return std::ranges::all_of(line.glyphs, [&](const QGlyphRun& run) {
+            const QRawFont font = run.rawFont();
+            return isPlain(run) && font.ascent() / line.pixelsPerPoint <= highest &&
+                   font.descent() / line.pixelsPerPoint <= deepest;
+        });
+    });
 }
 
 /// Whether all of it is drawn near its rectangle. A shape that is turned, or marks above letters, are not.
 bool isPlain(const Piece& piece) {
     if (const auto* text = std::get_if<TextPiece>(&piece.drawing))
-        return std::ranges::all_of(text->block.lines, [](const TextLine& line) { return isPlain(line); });
+        return isPlain(text->block);
     const auto* shape = std::get_if<ShapePiece>(&piece.drawing);
     return shape == nullptr || shape->rotation == 0;
 }

@@ -7,7 +7,7 @@
 
 namespace vantel::scene {
 
-/// Words over the foot of a card that go away by themselves. Plain text, two lines at most.
+/// Words over the foot of a card that go away by themselves. Plain text.
 class Notice final : public QWidget {
     Q_OBJECT
 

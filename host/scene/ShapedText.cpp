@@ -16,7 +16,7 @@ constexpr double shrinking = 0.98;
 
 constexpr int mostLines = 1000;
 
-/// More than one layout asks for; a text that is shown for days must not gather those of every minute.
+/// No layout asks for as many rooms. A text that is shown for days must not gather those of every minute.
 constexpr std::size_t mostRooms = 32;
 
 /// The lines of a wider or higher room that would be the same ones in this room.

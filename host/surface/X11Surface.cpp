@@ -7,6 +7,7 @@
 #include <array>
 #include <chrono>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include <xcb/shape.h>
@@ -55,8 +56,6 @@ xcb_window_t X11Surface::window() const {
 }
 
 void X11Surface::show(QScreen* screen, QPoint position) {
-    // The window manager takes the states of a window that is hidden from it, at a time that is its own.
-    const bool keepsStates = !widget().isVisible();
     widget().hide();
     m_mode = windowMode(m_system.manager());
     chooseFlags();
@@ -66,9 +65,7 @@ void X11Surface::show(QScreen* screen, QPoint position) {
     announce();
     applyShape();
     widget().show();
-    if (m_mode == WindowMode::overrideRedirect)
-        lower();
-    else if (!keepsStates)
+    if (std::exchange(m_wasShown, true) || m_mode == WindowMode::overrideRedirect)
         standBelow();
     m_connection.flush();
     QTimer::singleShot(arrivalTime, &widget(), [this] { mendIfMissed(); });
@@ -81,8 +78,9 @@ void X11Surface::mendIfMissed() {
         return;
     if (isLost() && m_triesLeft-- > 0)
         return show(widget().screen(), widget().pos());
-    if (!standsBelow() && !hasKeyboard())
+    if (!m_isRaised && !standsBelow())
         standBelow();
+    m_connection.flush();
 }
 
 void X11Surface::chooseFlags() {
@@ -164,6 +162,7 @@ void X11Surface::applyShape() const {
 }
 
 void X11Surface::takeFocus() {
+    m_isRaised = true;
     m_system.rememberFocus();
     setKeyboard(Keyboard::accepted);
     changeState(StateChange::remove, below);
@@ -187,6 +186,7 @@ bool X11Surface::hasKeyboard() const {
 }
 
 void X11Surface::giveFocusBack() {
+    m_isRaised = false;
     setKeyboard(Keyboard::refused);
     changeState(StateChange::remove, "_NET_WM_STATE_ABOVE");
     standBelow();

@@ -8,7 +8,9 @@
 namespace vantel {
 
 /// A desktop window on X11, as the running window manager needs it. Types, hints and states are set before
-/// the window is mapped; the toolkit adds its own states to them.
+/// the window is mapped; the toolkit adds its own states to them. A window that is shown again asks for its
+/// states besides: the window manager takes them from a hidden window when it comes to it, which may be after
+/// they were set.
 class X11Surface final : public WindowSurface {
 public:
     X11Surface(QWidget& window, X11WindowSystem& system);
@@ -33,8 +35,8 @@ private:
     void changeState(StateChange change, std::string_view first, std::string_view second = {}) const;
     void applyShape() const;
 
-    /// A window manager that is only just starting can miss a window, which then is never seen, or what was
-    /// written on it.
+    /// A second later: a window manager that is only just starting can miss a window, which then is never
+    /// seen, and one that heeds requests alone leaves it without its states.
     void mendIfMissed();
     bool isLost() const;
     bool standsBelow() const;
@@ -44,6 +46,8 @@ private:
     WindowMode m_mode = WindowMode::normalBelow;
     CardShape m_shape;
     int m_triesLeft = 5;
+    bool m_wasShown = false;
+    bool m_isRaised = false; ///< while the card has been asked in
 };
 
 } // namespace vantel

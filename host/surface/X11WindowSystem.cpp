@@ -50,10 +50,6 @@ std::unique_ptr<Surface> X11WindowSystem::makeSurface(QWidget& window) {
     return std::make_unique<X11Surface>(window, *this);
 }
 
-bool X11WindowSystem::isCard(xcb_window_t window) const {
-    return m_cards.contains(QWidget::find(window));
-}
-
 void X11WindowSystem::rememberFocus() {
     const auto active = m_connection.numbers(m_connection.root(), "_NET_ACTIVE_WINDOW");
     if (!active.empty() && QWidget::find(active.front()) == nullptr)
@@ -90,11 +86,15 @@ bool X11WindowSystem::nativeEventFilter(const QByteArray& type, void* message, q
     const auto* change = reinterpret_cast<const xcb_property_notify_event_t*>(event);
     if (change->window == m_connection.root() && change->atom == m_connection.atom(checkProperty))
         lookForManager();
-    // The toolkit would ask the server for the states of a window at each change, and a card has none that
-    // it must know of.
+    return isStateOfCard(*change);
+}
+
+/// The toolkit would ask the server for all states of a window at each change. Nothing here depends on what
+/// it then knew of a card: whether it is iconified, maximized or fills the screen.
+bool X11WindowSystem::isStateOfCard(const xcb_property_notify_event_t& change) const {
     const bool isState =
-        change->atom == m_connection.atom("_NET_WM_STATE") || change->atom == m_connection.atom("WM_STATE");
-    return isState && isCard(change->window);
+        change.atom == m_connection.atom("_NET_WM_STATE") || change.atom == m_connection.atom("WM_STATE");
+    return isState && m_cards.contains(QWidget::find(change.window));
 }
 
 void X11WindowSystem::lookForCompositor() {

@@ -31,7 +31,7 @@ public:
     void restoreFocus();
 
 private:
-    bool isCard(xcb_window_t window) const;
+    bool isStateOfCard(const xcb_property_notify_event_t& change) const;
     bool nativeEventFilter(const QByteArray& type, void* message, qintptr* result) override;
     void watchCompositor();
     void lookForCompositor();

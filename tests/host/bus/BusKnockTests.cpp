@@ -19,6 +19,26 @@ using namespace testing;
 using namespace std::chrono_literals;
 using Answer = BusKnock::Answer;
 
+TEST(SessionBusAddress, IsTheVariableElseTheRuntimeFolder) {
+    const ScopedEnvironment folder("XDG_RUNTIME_DIR", "/run/user/7");
+    const ScopedEnvironment address("DBUS_SESSION_BUS_ADDRESS", "unix:path=/x");
+    EXPECT_EQ(sessionBusAddress(), u"unix:path=/x"_s);
+    const ScopedEnvironment noAddress("DBUS_SESSION_BUS_ADDRESS", std::nullopt);
+    EXPECT_EQ(sessionBusAddress(), u"unix:path=/run/user/7/bus"_s);
+    const ScopedEnvironment noFolder("XDG_RUNTIME_DIR", std::nullopt);
+    EXPECT_EQ(sessionBusAddress(), QString());
+}
+
+TEST(SystemBusAddress, IsTheVariableElseTheUsualPlace) {
+    const ScopedEnvironment address("DBUS_SYSTEM_BUS_ADDRESS", "unix:path=/x");
+    EXPECT_EQ(systemBusAddress(), u"unix:path=/x"_s);
+    const QString usual = u"unix:path=/run/dbus/system_bus_socket"_s;
+    const ScopedEnvironment emptyAddress("DBUS_SYSTEM_BUS_ADDRESS", "");
+    EXPECT_EQ(systemBusAddress(), usual);
+    const ScopedEnvironment noAddress("DBUS_SYSTEM_BUS_ADDRESS", std::nullopt);
+    EXPECT_EQ(systemBusAddress(), usual);
+}
+
 TEST(BusSocket, IsTheFirstFileThatTheAddressNames) {
     struct Row {
         const char* address;

@@ -115,11 +115,13 @@ TEST_F(DayWatchOnABusTest, TheEndOfSleepIsToldAndItsBeginningIsNot) {
     EXPECT_EQ(heard.resumed, 1);
 }
 
-TEST_F(DayWatchOnABusTest, ABusThatComesBackIsHeardAgain) {
+TEST_F(DayWatchOnABusTest, ABusThatComesBackIsHeardAgainAndMayHaveMissedTheEndOfSleep) {
     bus.stop();
     ASSERT_TRUE(waitUntil([this] { return !watchedBus.isConnected(); }));
+    EXPECT_EQ(heard.resumed, 0);
     bus.start();
     ASSERT_TRUE(waitUntil([this] { return watchedBus.isConnected(); }));
+    EXPECT_EQ(std::exchange(heard.resumed, 0), 1);
     const BusPeer systemAgain(bus);
     QDBusConnection connection = systemAgain.connection;
     ASSERT_TRUE(connection.registerService(u"org.freedesktop.login1"_s));

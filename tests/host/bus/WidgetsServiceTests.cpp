@@ -196,15 +196,5 @@ TEST(WidgetsServiceWithoutBus, ABusThatRefusesTheNameIsSaidAndIsNoOtherProcess) 
               "org.freedesktop.DBus.Error.AccessDenied\n");
 }
 
-TEST(SessionBusAddress, IsTheVariableElseTheRuntimeFolder) {
-    const ScopedEnvironment folder("XDG_RUNTIME_DIR", "/run/user/7");
-    const ScopedEnvironment address("DBUS_SESSION_BUS_ADDRESS", "unix:path=/x");
-    EXPECT_EQ(sessionBusAddress(), u"unix:path=/x"_s);
-    const ScopedEnvironment noAddress("DBUS_SESSION_BUS_ADDRESS", std::nullopt);
-    EXPECT_EQ(sessionBusAddress(), u"unix:path=/run/user/7/bus"_s);
-    const ScopedEnvironment noFolder("XDG_RUNTIME_DIR", std::nullopt);
-    EXPECT_EQ(sessionBusAddress(), QString());
-}
-
 } // namespace
 } // namespace vantel

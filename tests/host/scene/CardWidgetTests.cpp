@@ -5,8 +5,10 @@
 
 #include <QAccessible>
 #include <QApplication>
+#include <QScreen>
 #include <QSignalSpy>
 #include <QTest>
+#include <functional>
 
 #include <gtest/gtest.h>
 
@@ -308,6 +310,70 @@ TEST_F(CardWidgetTest, AMinuteOfACountdownRepaintsTheTimeAlone) {
                   minute(180)();
               }),
               everything);
+}
+
+class CountdownTest : public CardWidgetTest {
+protected:
+    CountdownTest() {
+        card.setParent(&window);
+        window.resize(400, 400);
+        card.show();
+        window.show();
+    }
+    ~CountdownTest() override { card.setParent(nullptr); }
+
+    QImage seen() { return window.screen()->grabWindow(window.winId()).toImage(); }
+
+    void setScale(double scale) {
+        Look look = testLook();
+        look.scale = scale;
+        card.setLook(look);
+    }
+
+    /// A fade that is under way when the first minute is over.
+    void fade() {
+        card.setLook(movingLook());
+        card.setView(twoTasks());
+    }
+
+    void countDown() {
+        const Element time = {RelativeTime{instantFromReference(2400),
+                                           {.font = {.size = 22, .design = FontDesign::monospaced}}}};
+        const Element title = oneLine("Review of the manuscript", 13);
+        card.setView(viewOf({Column{{title, time}, HorizontalAlignment::leading, 4}}), Arrival::faded);
+        for (const double seconds : {0, 60, 120, 180, 240}) { // all as wide
+            QTest::qWait(5);
+            card.setNow(instantFromReference(seconds));
+        }
+        QTest::qWait(5);
+    }
+
+    QWidget window;
+};
+
+TEST_F(CountdownTest, LeavesNothingBehind) {
+    struct Row {
+        const char* name;
+        std::function<void()> enter;
+    };
+    const std::vector<Row> rows{
+        {"plain", [] {}},
+        {"scaled", [this] { setScale(1.25); }},
+        {"large", [this] { setScale(2); }},
+        {"mirrored", [this] { card.setLayoutDirection(Qt::RightToLeft); }},
+        {"dark", [this] { card.setLook(testLook(Appearance::darkAqua())); }},
+        {"under a notice", [this] { card.showNotice(QStringLiteral("No application opens it.")); }},
+        {"with a ring", [this] { card.focusFirst(); }},
+        {"while it fades", [this] { fade(); }}};
+    for (const Row& row : rows) {
+        card.setNow(instantFromReference(0));
+        row.enter();
+        countDown();
+        QTest::qWait(250); // longer than a fade
+        const QImage left = seen();
+        window.repaint();
+        EXPECT_EQ(left, seen()) << row.name;
+    }
 }
 
 TEST_F(CardWidgetTest, ACountdownTellsWhenItReadsDifferently) {

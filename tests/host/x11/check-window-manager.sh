@@ -137,11 +137,31 @@ case $manager in
 metacity | icewm) states _NET_WM_WINDOW_TYPE _NET_WM_WINDOW_TYPE_DOCK ;;
 *) states _NET_WM_WINDOW_TYPE _NET_WM_WINDOW_TYPE_NORMAL ;;
 esac
-if [ "$manager" != i3 ]; then
+# stands_below_soon WHEN: before the card, a second after it was shown, asks for what is missing.
+stands_below_soon() {
+    local state
     for state in BELOW SKIP_TASKBAR SKIP_PAGER; do
-        states _NET_WM_STATE "_NET_WM_STATE_$state"
+        for _ in 1 2 3 4 5; do
+            has "$card" _NET_WM_STATE "_NET_WM_STATE_$state" && continue 2
+            sleep 0.1
+        done
+        fail "$1 lacks $state: $(xprop -id "$card" _NET_WM_STATE)"
     done
+}
+
+# A card that somebody closes comes back as it was, as another window.
+if [ "$manager" != i3 ]; then
+    stands_below_soon 'the card'
     states _NET_WM_DESKTOP 4294967295
+    printf 'close\n' >&"$card_input"
+    is_another() {
+        local found
+        found=$(xdotool search --onlyvisible --class org.vantel.Widgets | tail -n 1)
+        [ -n "$found" ] && [ "$found" != "$card" ] && card=$found
+    }
+    waits_for is_another || fail 'the card that was closed does not come back'
+    sees 80 200 $red 'the card that was closed'
+    stands_below_soon 'the card that was closed'
 fi
 
 # A click on the desktop covers nothing.

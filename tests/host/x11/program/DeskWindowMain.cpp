@@ -46,6 +46,8 @@ public:
     void obey(const std::string& word) {
         if (word == "focus")
             m_card->takeFocus();
+        if (word == "close")
+            m_card->close();
         if (word == "own compositing")
             own();
         if (word == "quit")
