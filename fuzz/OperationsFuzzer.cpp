@@ -4,6 +4,7 @@
 #include "tests/core/SampleJournal.h"
 #include "tests/core/SampleSnapshot.h"
 
+#include <algorithm>
 #include <array>
 #include <map>
 
@@ -198,14 +199,11 @@ private:
     void judgeJournal() {
         const auto entries = WidgetJournal::pending(m_files);
         promise(entries.has_value(), "a sound disk can be read");
-        std::map<int, int> found;
-        for (const WidgetJournalEntry& entry : *entries)
-            for (const auto& [candidate, fate] : m_fates)
-                found[candidate] += entry == sampleEntry(candidate) ? 1 : 0;
         for (const auto& [entry, fate] : m_fates) {
-            promise(fate != Fate::pending || found[entry] > 0, "what was acknowledged is pending");
-            promise(fate != Fate::gone || found[entry] == 0, "what was removed is gone");
-            promise(found[entry] <= 1, "nothing is pending twice");
+            const auto found = std::ranges::count(*entries, sampleEntry(entry));
+            promise(fate != Fate::pending || found > 0, "what was acknowledged is pending");
+            promise(fate != Fate::gone || found == 0, "what was removed is gone");
+            promise(found <= 1, "nothing is pending twice");
         }
     }
 

@@ -95,11 +95,15 @@ BusKnock::BusKnock(QString address, std::chrono::milliseconds patience)
     : m_address(std::move(address))
     , m_end(patience) {
     const auto socket = busSocket(m_address);
-    auto door = socket ? std::make_unique<const Door>(*socket) : nullptr;
-    if (!door || !door->isThere())
+    if (!socket)
         return;
-    m_door = std::move(door);
-    m_answer = Answer::silence;
+    auto door = std::make_unique<const Door>(*socket);
+    if (door->isThere()) {
+        m_door = std::move(door);
+        m_answer = Answer::silence;
+    } else if (!m_address.contains(u';')) {
+        m_answer = Answer::nobody;
+    }
 }
 
 BusKnock::BusKnock(BusKnock&&) noexcept = default;

@@ -28,7 +28,8 @@ public:
         heard,   ///< the bus speaks
         silence, ///< the door is open, and nobody says anything
         hungUp,  ///< the door was shut again
-        noDoor   ///< the address names no file, or nobody listens there: connecting takes no time either
+        nobody,  ///< nobody listens at the only place that the address names
+        noDoor   ///< there is no file to knock at, or a place besides it: only connecting tells
     };
 
     /// A bus that is well answers within a millisecond.

@@ -39,6 +39,7 @@ void MessageBus::follow() {
     case BusKnock::Answer::silence:
         return listen();
     case BusKnock::Answer::hungUp:
+    case BusKnock::Answer::nobody:
         return;
     }
 }

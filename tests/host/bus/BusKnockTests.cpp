@@ -106,12 +106,19 @@ TEST(BusKnock, HearsABusThatIsWell) {
     EXPECT_EQ(knock.descriptor(), -1);
 }
 
-TEST(BusKnock, FindsNoDoorWhereNobodyListens) {
+TEST(BusKnock, FindsNobodyWhereNobodyListensAtTheOnlyPlace) {
     const ScratchFolder folder;
     std::ofstream(folder / "file") << "no socket";
-    for (const QString& address :
-         {QString(), u"unix:abstract=/tmp/x"_s, u"tcp:host=localhost,port=7"_s, addressOf(folder / "missing"),
-          addressOf(folder / "file"), addressOf(folder / std::string(200, 'a'))})
+    for (const QString& address : {addressOf(folder / "missing"), addressOf(folder / "file"),
+                                   addressOf(folder / std::string(200, 'a'))})
+        EXPECT_EQ(BusKnock(address).answer(), Answer::nobody) << address.toStdString();
+}
+
+TEST(BusKnock, FindsNoDoorWhereOnlyConnectingTells) {
+    const ScratchFolder folder;
+    const QString missing = addressOf(folder / "missing");
+    for (const QString& address : {QString(), u"unix:abstract=/tmp/x"_s, u"tcp:host=localhost,port=7"_s,
+                                   QString(missing + u";unix:abstract=/tmp/x"_s)})
         EXPECT_EQ(BusKnock(address).answer(), Answer::noDoor) << address.toStdString();
 }
 

@@ -170,5 +170,24 @@ TEST_F(MessageBusTest, OnceTheAttemptsAreOverNobodyLooksUntilTheFileChanges) {
     }
 }
 
+TEST_F(MessageBusTest, WhoWasSentAwayKnocksAgainWhenThatIsAsked) {
+    const ScratchFolder folder;
+    const std::string socket = folder / "socket";
+    const ClosedDoor door(socket);
+    use(u"unix:path="_s + QString::fromStdString(socket));
+    for (int visitors = 2; visitors <= 4; ++visitors) {
+        bus->lookAgain();
+        EXPECT_TRUE(waitUntil([&] { return door.visitors() == visitors; })) << door.visitors();
+    }
+}
+
+TEST_F(MessageBusTest, WhereNobodyListensNobodyConnects) {
+    privateBus.stop();
+    use(privateBus.address());
+    bus->lookAgain();
+    EXPECT_FALSE(bus->isConnected());
+    EXPECT_EQ(bus->connection().name(), QString());
+}
+
 } // namespace
 } // namespace vantel
