@@ -91,7 +91,7 @@ private:
         case Kind::faultOfAKind:
             return failOneKind();
         case Kind::shortCall:
-            return m_files.faults().shorten(operation(), nth(), length(), lasting());
+            return shortenCalls();
         case Kind::restart:
             return begin();
         case Kind::olderProgram:
@@ -117,7 +117,15 @@ private:
         m_files.faults().fail(operation(), nth(), refused.number, refused.lasting);
     }
 
-    std::size_t length() { return m_input.ConsumeIntegralInRange<std::size_t>(1, 100); }
+    /// A byte at a time, to the end of a file that remembers each of them, takes longer than it teaches.
+    void shortenCalls() {
+        const FileOperation kind = operation();
+        const int first = nth();
+        const Lasting lasts = lasting();
+        const std::size_t least = lasts == Lasting::once ? 1 : 100;
+        m_files.faults().shorten(kind, first, m_input.ConsumeIntegralInRange(least, 10 * least), lasts);
+    }
+
     FileOperation operation() {
         return static_cast<FileOperation>(
             m_input.ConsumeIntegralInRange(0, static_cast<int>(FileOperation::linkTarget)));

@@ -125,10 +125,11 @@ int HostApplication::runWith(const QString& action) {
     if (m_service.start(activationToken(), action) == WidgetsService::Start::alreadyRunning)
         return EXIT_SUCCESS;
     QApplication::setQuitOnLastWindowClosed(false);
+    m_settings.awaitAnswers(patienceWithPortal);
+    // While that is waited for there is nothing to finish, and a loop that would forget the request.
     SignalWatch signalWatch;
     connect(&signalWatch, &SignalWatch::endRequested, qApp, &QApplication::quit);
     connect(qApp, &QApplication::aboutToQuit, this, &HostApplication::finishWriting);
-    m_settings.awaitAnswers(patienceWithPortal);
     takePreferences(m_settings.preferences());
     perform(action, activationToken());
     m_desk.start();

@@ -1,5 +1,6 @@
 """A bus that lets everybody in and does not answer."""
 import signal
+import time
 
 from cards import CIRCLE, FIRST_ROW, FOCUS
 from desktop import expect, wait_for
@@ -39,3 +40,15 @@ def a_bus_that_answers_late_is_taken(desktop):
     second = desktop.start(desktop.widgets, "gallery")
     expect(second.wait(10) == 0, "the second start did not end with 0")
     wait_for(desktop.gallery, "the gallery of the first")
+
+
+def a_start_that_waits_for_the_portal_can_be_ended(desktop):
+    portal = SettingsPortal(desktop)
+    portal.is_silent = True
+    for moment in (0, 0.02, 0.05):
+        portal.questions = 0
+        process = desktop.start(desktop.widgets)
+        wait_for(lambda: portal.questions, "a question to the portal")
+        time.sleep(moment)
+        process.send_signal(signal.SIGTERM)
+        expect(process.wait(5) in (0, -signal.SIGTERM), "the program did not end well")
