@@ -19,8 +19,14 @@ constexpr int mostLines = 1000;
 /// No layout asks for as many rooms. A text that is shown for days must not gather those of every minute.
 constexpr std::size_t mostRooms = 32;
 
-/// The lines of a wider or higher room that would be the same ones in this room.
+/// The lines of a wider or higher room that would be the same ones in this room. Where a text shrinks, or
+/// which letter is its last, depends on each bit of the width: what is drawn must not depend on what was
+/// drawn before.
 bool isBrokenAlike(const TextRoom& room, const TextBlock& block, const TextRoom& asked) {
+    if (room == asked)
+        return true;
+    if (block.isCut || asked.lines == 1)
+        return false;
     const int lines = static_cast<int>(block.lines.size());
     return block.narrowest <= asked.width && asked.width <= room.width && lines <= asked.lines &&
            asked.lines <= room.lines;

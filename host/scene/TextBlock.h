@@ -37,6 +37,8 @@ struct TextBlock {
 struct TextRoom {
     double width;
     int lines;
+
+    bool operator==(const TextRoom&) const = default;
 };
 
 /// Breaks a text at words into at most the lines of the room; what does not fit ends in an ellipsis.

@@ -34,6 +34,11 @@ public:
     /// Moves the clock to the moment that is set, and goes off.
     void goOff(HandClock& clock) {
         clock.seconds = seconds();
+        goOffLate();
+    }
+
+    /// Goes off at a moment that is over already.
+    void goOffLate() {
         moment.reset();
         Q_EMIT reached();
     }

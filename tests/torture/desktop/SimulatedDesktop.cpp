@@ -39,7 +39,7 @@ void SimulatedDesktop::jumpTo(double secondsSinceReference) {
 }
 
 void SimulatedDesktop::changeZone() {
-    m_clock.seconds += KindSchedule::reloadInterval.count();
+    letPass(KindSchedule::reloadInterval);
     m_schedule.applyZoneChange();
     m_awaited = m_kinds;
     awaitAnswers();
@@ -50,6 +50,13 @@ std::vector<WidgetContent> SimulatedDesktop::contents() const {
     for (const WidgetKey& key : m_keys)
         contents.push_back(m_schedule.view(key).value().content);
     return contents;
+}
+
+std::vector<QImage> SimulatedDesktop::pictures() const {
+    std::vector<QImage> pictures;
+    for (const auto& card : m_cards)
+        pictures.push_back(card->grab().toImage());
+    return pictures;
 }
 
 void SimulatedDesktop::placeAll(const WidgetBundle& bundle) {
@@ -74,9 +81,15 @@ void SimulatedDesktop::showTimes() {
     m_schedule.noteTick(m_shelf.nextTick(m_clock.now()));
 }
 
+void SimulatedDesktop::letPass(Seconds time) {
+    m_clock.seconds += time.count();
+    if (m_alarm.moment && *m_alarm.moment <= m_clock.now())
+        m_alarm.goOffLate();
+}
+
 /// Requests that come too soon after others would wait, so that time passes between them.
 void SimulatedDesktop::reload() {
-    m_clock.seconds += KindSchedule::reloadInterval.count();
+    letPass(KindSchedule::reloadInterval);
     m_schedule.reloadAll();
     m_awaited = m_kinds;
 }

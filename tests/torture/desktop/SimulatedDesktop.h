@@ -5,6 +5,7 @@
 #include "platform/LocalizedFormats.h"
 #include "tests/host/schedule/ScheduleFakes.h"
 
+#include <QImage>
 #include <memory>
 #include <vector>
 
@@ -26,8 +27,11 @@ public:
     /// Somebody travels: `TZ` names another zone.
     void changeZone();
 
-    /// What all cards show now, in an order that is always the same.
+    /// What all cards have to show now, in an order that is always the same.
     std::vector<WidgetContent> contents() const;
+
+    /// What they do show.
+    std::vector<QImage> pictures() const;
 
     double seconds() const { return m_clock.seconds; }
     long reloads() const { return m_reloads; }
@@ -36,6 +40,7 @@ private:
     void placeAll(const WidgetBundle& bundle);
     void showView(const WidgetKey& key);
     void showTimes();
+    void letPass(Seconds time);
     void reload();
     void awaitAnswers();
 

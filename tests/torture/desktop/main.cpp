@@ -2,6 +2,7 @@
 #include "tests/torture/desktop/Days.h"
 #include "tests/torture/desktop/ProcessCounts.h"
 #include "tests/torture/desktop/SimulatedDesktop.h"
+#include "tests/torture/desktop/WatchedZone.h"
 #include "tests/torture/program/Report.h"
 
 #include <QApplication>
@@ -35,6 +36,7 @@ public:
         liveUntil(settled);
         const ProcessCounts before = countAtRest();
         std::cout << "after " << settled << " reloads: " << described(before) << std::endl;
+        m_report.expect(before.watches > 0, "nobody watches the file of the zone");
         liveUntil(m_reloads);
         expectNothingGathered(before, countAtRest());
         compare("in the end");
@@ -75,7 +77,7 @@ private:
 
     void travel() {
         const char* zone = zones.at(m_random() % zones.size());
-        ::setenv("TZ", zone, 1);
+        m_zone.change(zone);
         m_desktop.changeZone();
         ++m_travels;
         compare(std::string("after going to ") + zone);
@@ -85,6 +87,8 @@ private:
     void compare(const std::string& when) {
         const SimulatedDesktop fresh(m_desktop.seconds());
         m_report.expect(m_desktop.contents() == fresh.contents(),
+                        "other views than those of a fresh start " + when);
+        m_report.expect(m_desktop.pictures() == fresh.pictures(),
                         "other cards than those of a fresh start " + when);
         ++m_compared;
     }
@@ -92,7 +96,7 @@ private:
     /// What is counted depends on what is shown, so the same is shown each time.
     ProcessCounts countAtRest() {
         m_report.expect(m_days.front().write().has_value(), "a snapshot could not be written");
-        ::setenv("TZ", zones.front(), 1);
+        m_zone.change(zones.front());
         m_desktop.changeZone();
         m_desktop.jumpTo(secondsSinceReference(m_days.front().generatedAt));
         return countProcess();
@@ -113,6 +117,7 @@ private:
 
     long m_reloads;
     std::vector<WidgetSnapshot> m_days;
+    WatchedZone m_zone;
     SimulatedDesktop m_desktop;
     Report m_report;
     std::minstd_rand m_random{1};
