@@ -1,6 +1,8 @@
 #include "core/JournalLines.h"
 #include "tests/core/JsonCases.h"
 
+#include <set>
+
 #include <gtest/gtest.h>
 
 namespace vantel {
@@ -41,6 +43,42 @@ TEST(JournalJsonCases, ALineWithAnIgnoredKeyCountsIfItIsValidAndItsNeighboursAlw
         ASSERT_EQ(decodedAround(good.substr(0, good.size() - 1) + ",\"ignored\":" + json.bytes + "}"),
                   expected)
             << json.name;
+    }
+}
+
+struct JournalKey {
+    std::string name;
+    std::set<JsonValue> taken; ///< no case is an identifier or the name of an action
+};
+
+const std::vector<JournalKey> journalKeys = {
+    {"id", {}},
+    {"accountID", {JsonValue::text, JsonValue::null}}, // companions before 1.0 wrote none
+    {"action", {}},
+    {"todoID", {JsonValue::text}},
+    {"at", {JsonValue::integer, JsonValue::number}}};
+
+/// A line with another value at a key. None of the values holds a comma.
+std::string withValue(const std::string& line, const std::string& key, const std::string& value) {
+    const std::string member = "\"" + key + "\":";
+    const std::size_t start = line.find(member) + member.size();
+    return line.substr(0, start) + value + line.substr(line.find_first_of(",}", start));
+}
+
+TEST(JournalJsonCases, AtEachKeyALineTakesWhatIsOfItsTypeAndItsNeighboursAlwaysCount) {
+    const std::string good = lineOf(entryOf(2));
+    for (const JournalKey& key : journalKeys) {
+        for (const JsonCase& json : everyJsonCase()) {
+            if (holdsLineFeed(json))
+                continue;
+            const auto entries = decodedAround(withValue(good, key.name, json.bytes));
+            const bool isTaken = json.value && key.taken.contains(*json.value);
+            ASSERT_EQ(entries.size(), isTaken ? 3U : 2U) << key.name << " " << json.name;
+            ASSERT_EQ(entries.front(), entryOf(1)) << key.name << " " << json.name;
+            ASSERT_EQ(entries.back(), entryOf(3)) << key.name << " " << json.name;
+            const auto again = decodeJournalEntry(lineOf(entries[1]));
+            ASSERT_EQ(again, entries[1]) << key.name << " " << json.name;
+        }
     }
 }
 

@@ -78,7 +78,7 @@ TEST(SnapshotJsonCases, UnderAnIgnoredKeyAValueIsPassedOverIfItIsValidAndElseSpo
         }
 }
 
-/// Each of them takes a hundred times as long as the others, at every key.
+/// Each of them takes a hundred times as long as the others: one key of each record is enough.
 bool isOneOfManyLongCases(const JsonCase& json) {
     return json.bytes.size() > 20'000 && !json.bytes.starts_with("[[[");
 }
@@ -107,7 +107,7 @@ TEST_P(EveryKey, TakesWhatIsOfItsTypeAndNothingElse) {
     for (const Field& field : GetParam().fields) {
         const AroundValue around(GetParam(), field.key);
         for (const JsonCase& json : everyJsonCase()) {
-            if (isOneOfManyLongCases(json))
+            if (isOneOfManyLongCases(json) && field.key != GetParam().fields.front().key)
                 continue;
             const auto snapshot = decodeSnapshot(around.with(json.bytes));
             ASSERT_EQ(snapshot.has_value(), isExpectedToDecode(field, json)) << field.key << " " << json.name;
