@@ -76,6 +76,16 @@ void judgeTimeline(const Timeline<SnapshotEntry>& timeline, Instant now) {
     promise(timeline.policy.after >= timeline.entries.back().date, "a timeline ends before the next");
 }
 
+/// None where a number of the snapshot is beyond what can be planned with, which the host contains.
+std::optional<Timeline<SnapshotEntry>> timelineIfAny(const std::shared_ptr<const WidgetSnapshot>& snapshot,
+                                                     Instant now, const Calendar& calendar) {
+    try {
+        return plannedTimeline(snapshot, now, calendar);
+    } catch (const FatalError&) {
+        return std::nullopt;
+    }
+}
+
 struct Kind {
     const StaticConfiguration* widget;
     WidgetFamily family;
@@ -119,12 +129,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (!snapshot)
         return 0;
     const auto shared = std::make_shared<const WidgetSnapshot>(*snapshot);
-    try {
-        const auto timeline = plannedTimeline(shared, now, calendar);
-        judgeTimeline(timeline, now);
-        judgeWidget(kind, timeline.entries.back(), calendar, formats);
-    } catch (const FatalError&) {
-        // Contained by the host.
+    if (const auto timeline = timelineIfAny(shared, now, calendar)) {
+        judgeTimeline(*timeline, now);
+        judgeWidget(kind, timeline->entries.back(), calendar, formats);
     }
     judgeWidget(kind, {now, shared}, calendar, formats);
     return 0;

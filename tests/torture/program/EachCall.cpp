@@ -1,6 +1,5 @@
 #include "tests/torture/program/EachCall.h"
 
-#include "platform/FatalError.h"
 #include "tests/torture/program/Operations.h"
 #include "tests/torture/program/Report.h"
 #include "tests/torture/program/SystemCalls.h"
@@ -37,14 +36,6 @@ Told& told() {
 
 long openDescriptors() {
     return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {});
-}
-
-Outcome runContained(const Operation& operation) {
-    try {
-        return operation.run();
-    } catch (const FatalError&) {
-        return Outcome::failed; // A host contains it at the widget.
-    }
 }
 
 using Decide = std::function<Fate(std::size_t, const SystemCall&)>;
@@ -131,11 +122,18 @@ struct Fault {
     bool forbidsRemoving() const { return call == SYS_unlink || lasting == Lasting::everything; }
 };
 
-void judgeFiles(const Fault& fault, const std::string& what, Report& report) {
-    for (const std::string& name : fileNames()) {
-        const bool isTemporary = name.ends_with(".tmp") || name.ends_with(".redo");
-        report.expect(!isTemporary || fault.forbidsRemoving(), what + ": left " + name);
-    }
+/// A redo copy stays where the rewrite could not be finished: the next operation does that.
+bool mayLeaveCopy(const Operation& operation, const Fault& fault, Outcome outcome) {
+    return operation.before.redoCopy || (fault.lasting != Lasting::once && outcome != Outcome::happened);
+}
+
+void judgeFiles(const Operation& operation, const Fault& fault, const std::string& what, Report& report) {
+    if (fault.forbidsRemoving())
+        return;
+    const bool mayLeave = mayLeaveCopy(operation, fault, told().outcome);
+    for (const std::string& name : fileNames())
+        report.expect(!name.ends_with(".tmp") && (mayLeave || !name.ends_with(".redo")),
+                      what + ": left " + name);
 }
 
 void judge(const Operation& operation, const Clean& clean, const Fault& fault, int status, Report& report) {
@@ -144,8 +142,7 @@ void judge(const Operation& operation, const Clean& clean, const Fault& fault, i
     report.expect(told().outcome != Outcome::wrong, what + ": told what is not so");
     report.expect(told().descriptorsLeft == 0, what + ": left a descriptor");
     report.expect(told().areLocksFree, what + ": left a lock");
-    if (!operation.before.redoCopy && (fault.lasting == Lasting::once || told().outcome == Outcome::happened))
-        judgeFiles(fault, what, report);
+    judgeFiles(operation, fault, what, report);
     const bool hasHappened = told().outcome == Outcome::happened;
     const View found = look();
     const bool isAsSaid = found == (hasHappened ? clean.after : clean.before);

@@ -3,6 +3,7 @@
 #include "core/RedoCopy.h"
 #include "core/WidgetJournal.h"
 #include "core/WidgetShared.h"
+#include "platform/FatalError.h"
 #include "tests/core/SampleJournal.h"
 #include "tests/core/SampleSnapshot.h"
 #include "tests/fakes/LockProbe.h"
@@ -126,6 +127,14 @@ std::vector<Operation> allOperations() {
     insertJournalOperations(operations);
     insertSnapshotOperations(operations);
     return operations;
+}
+
+Outcome runContained(const Operation& operation) {
+    try {
+        return operation.run();
+    } catch (const FatalError&) {
+        return Outcome::failed;
+    }
 }
 
 void put(const Contents& contents) {

@@ -41,6 +41,9 @@ struct Operation {
 /// Every operation of the journal and of the snapshot's store, in each state that matters to it.
 std::vector<Operation> allOperations();
 
+/// Does it as a host would, which contains what is fatal to one widget.
+Outcome runContained(const Operation& operation);
+
 /// Makes the container's contents these and nothing else.
 void put(const Contents& contents);
 

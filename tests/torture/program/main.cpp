@@ -3,6 +3,7 @@
 #include "tests/torture/program/Disks.h"
 #include "tests/torture/program/EachCall.h"
 #include "tests/torture/program/HostileDays.h"
+#include "tests/torture/program/LimitedFiles.h"
 #include "tests/torture/program/PowerCut.h"
 
 #include <iostream>
@@ -25,10 +26,13 @@ int run(const std::string& what, const std::string& count) {
         return killAtRandom(std::stoi(count));
     if (what == "disks")
         return useBadDisks();
+    if (what == "limits")
+        return useLimitedFiles();
     if (what == "load")
         return load(std::stol(count));
-    std::cerr << "vantel_torture faults [full]|kills|random-kills COUNT|load COUNT|disks|hostile-days\n"
-                 "vantel_torture use POSITION_FILE ROUNDS|look|quota: in $XDG_DATA_HOME\n";
+    std::cerr
+        << "vantel_torture faults [full]|kills|random-kills COUNT|load COUNT|disks|limits|hostile-days\n"
+           "vantel_torture use POSITION_FILE ROUNDS|look|quota: in $XDG_DATA_HOME\n";
     return 2;
 }
 

@@ -54,3 +54,15 @@ def only_the_clicked_one_of_two_widgets_says_what_went_wrong(desktop):
     wait_for(lambda: desktop.picture(*second) != before, "a notice on the clicked card")
     desktop.wait_until_still()
     expect(desktop.picture(*first) == untouched, "the other card of the kind says it too")
+
+
+def a_click_where_files_may_not_grow_is_taken_back(desktop):
+    desktop.place((FOCUS, "systemMedium"), (NEXT_UP, "systemSmall"), (TRIAGE, "systemSmall"), (TRIAGE, "systemSmall"))
+    process = desktop.show_sample_day("prlimit", "--fsize=0:0", "--")
+    left, top, width, height = desktop.card(FOCUS)
+    before, first = desktop.picture(left, top + 120, width, height - 120), row(desktop, 0, 4)
+    desktop.click(left + CIRCLE, top + FIRST_ROW)
+    wait_for(lambda: desktop.picture(left, top + 120, width, height - 120) != before, "a notice on the card")
+    wait_for(lambda: row(desktop, 0, 4) == first, "the row as before")
+    expect(process.poll() is None, "the program ended")
+    expect(desktop.journal() == [], f"the journal has {desktop.journal()}")
