@@ -22,7 +22,7 @@ namespace {
 using namespace std::chrono_literals;
 
 /// A press that waits for another program's lock, or a slow disk, may not keep the session from ending.
-constexpr auto patienceAtEnd = 800ms;
+constexpr auto patienceAtEnd = 700ms;
 
 /// A portal that runs answers within some milliseconds, and cards that change their colours after they were
 /// seen are uglier than cards that come a little later.

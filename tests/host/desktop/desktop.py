@@ -90,7 +90,7 @@ class Desktop:
     def start_display(self):
         reading, writing = os.pipe()
         self.start("Xvfb", "-displayfd", str(writing), "-screen", "0", f"{self.width}x{self.height}x24",
-                   "-nolisten", "tcp", "-noreset", pass_fds=[writing])
+                   "-nolisten", "tcp", "-noreset", "-fbdir", str(self.folder), pass_fds=[writing])
         os.close(writing)
         with os.fdopen(reading) as numbers:
             self.environment["DISPLAY"] = ":" + numbers.readline().strip()
@@ -217,9 +217,9 @@ class Desktop:
         pages = pathlib.Path(f"/proc/{process.pid}/statm").read_text().split()[1]
         return int(pages) * os.sysconf("SC_PAGE_SIZE")
 
-    def hold_lock(self):
-        """Starts a process that takes the lock of the snapshot and keeps it."""
-        lock = str(self.container / "widget-snapshot.lock")
+    def hold_lock(self, name="widget-snapshot.lock"):
+        """Starts a process that takes a lock of the container, by default the one of the snapshot, and keeps it."""
+        lock = str(self.container / name)
         holder = self.start("flock", "--no-fork", lock, "sleep", "600")
         wait_for(lambda: subprocess.run(["flock", "--nonblock", lock, "true"], check=False).returncode == 1,
                  "a held lock")
@@ -243,6 +243,11 @@ class Desktop:
         command = ["import", "-silent", "-window", "root", "-crop", f"{width}x{height}+{left}+{top}", "-depth", "8",
                    "rgb:-"]
         return subprocess.run(command, env=self.environment, stdout=subprocess.PIPE, check=True).stdout
+
+    def glance(self):
+        """The pixels of the screen as the X server keeps them: at once, also where the machine is busy."""
+        dump = (self.folder / "Xvfb_screen0").read_bytes()
+        return dump[int.from_bytes(dump[:4], "big"):]
 
     def is_drawn(self, placement):
         return len(set(self.picture(*self.area(placement)))) > 20

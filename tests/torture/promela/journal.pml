@@ -16,7 +16,9 @@
  *   SEED_FINISH_DROPS          finishing a rewrite takes the copy for all there is
  *   SEED_FINISH_IN_PLACE       finishing does not keep the lines that came meanwhile in a copy of their own
  *   SEED_ACK_BEFORE_SYNC       an append is acknowledged before it is synced
- *   SEED_NO_IDS                the companion applies what it stored before
+ *   SEED_NO_IDS                the companion does not check by id what it carried out before
+ *   SEED_RECORD_LATER          it stores the effect, and the record of the id in a step of its own after it
+ *   SEED_RECORD_EARLIER        the same the other way round
  *   SEED_LOCK_SURVIVES         a child that was started under a lock keeps it
  *   SEED_BOTH_LOCKS            the stamp is made while the journal is still locked
  */
@@ -49,14 +51,15 @@ byte keptOnDisk, removedOnDisk;
 byte snapshot;      /* the entries that it shows as done */
 
 byte acknowledged;  /* the user was told */
-byte store;         /* the companion's own, and what it has carried out twice */
-byte twice;
+byte effect;        /* what the companion has carried out, in its own store */
+byte recorded;      /* the ids that are on record there */
+byte twice;         /* what it has carried out more than once */
 
 byte journalLock, snapshotLock; /* the holder, or NONE */
 byte kills, cuts;
 byte life;          /* counts the power cuts: a process of an earlier life is dead */
 
-#define known (journal | store | (copy -> kept : 0))
+#define known (journal | effect | (copy -> kept : 0))
 
 /* Nothing acknowledged is lost, nothing is carried out twice, and nobody holds both locks. */
 #define CHECK \
@@ -246,9 +249,23 @@ dead:
 }
 
 #ifdef SEED_NO_IDS
-#define CARRY_OUT twice = twice | (store & listed); store = store | listed
+#define FIND_NEW newly = listed
 #else
-#define CARRY_OUT store = store | listed
+#define FIND_NEW newly = listed & ~recorded
+#endif
+#define STORE_EFFECT twice = twice | (effect & newly); effect = effect | newly
+#define RECORD_IDS recorded = recorded | newly
+
+/* Effects and ids are stored together, durably, so that whatever ends the companion leaves both or neither. What was
+ * new is then forgotten, as it would only make states differ. */
+#ifdef SEED_RECORD_LATER
+#define CARRY_OUT STEP(FIND_NEW; STORE_EFFECT); STEP(RECORD_IDS)
+#else
+#ifdef SEED_RECORD_EARLIER
+#define CARRY_OUT STEP(FIND_NEW; RECORD_IDS); STEP(STORE_EFFECT)
+#else
+#define CARRY_OUT STEP(FIND_NEW; STORE_EFFECT; RECORD_IDS; newly = 0)
+#endif
 #endif
 
 #ifdef SEED_OLD_LIST
@@ -259,10 +276,10 @@ dead:
 
 /* Drains for good: whatever ends it, it is started again. */
 proctype Companion() {
-    byte mine, listed, handled, wanted, gone, part;
+    byte mine, listed, newly, handled, wanted, gone, part;
     byte rounds = 0;
 again:
-    mine = life; listed = 0; handled = 0; wanted = 0; gone = 0; part = 0;
+    mine = life; listed = 0; newly = 0; handled = 0; wanted = 0; gone = 0; part = 0;
     do
     :: rounds < ROUNDS ->
         rounds++;
@@ -273,11 +290,11 @@ again:
 #ifdef SEED_REMOVE_BEFORE_STORE
         handled = listed;
 #else
-        STEP(CARRY_OUT);
+        CARRY_OUT;
         handled = listed;
 #ifndef SEED_REMOVE_BEFORE_SHOWING
         TAKE(snapshotLock);
-        STEP(snapshot = store);
+        STEP(snapshot = recorded);
         RELEASE(snapshotLock);
 #endif
 #endif
@@ -302,7 +319,7 @@ again:
         fi;
         RELEASE(journalLock);
 #ifdef SEED_REMOVE_BEFORE_STORE
-        STEP(CARRY_OUT);
+        CARRY_OUT;
 #endif
     :: rounds == ROUNDS -> goto done
     od;
