@@ -1,6 +1,7 @@
 """power_cuts.py PROGRAMS [--minutes N]: uses a container on a real file system, records what reaches the disk, and looks
 at what is left where the power goes: all that was flushed, and any part of what was not."""
 
+import collections
 import os
 import random
 import shutil
@@ -101,6 +102,7 @@ class Expected:
     def faults(self, found):
         of = {what: {number for said, number in found if said == what} for what in ("entry", "stamped", "snapshot")}
         wrong = [f"{what} {number}" for what, number in found if what in ("torn", "left", "unreadable", "ended")]
+        wrong += [f"{what} {number} twice" for (what, number), count in collections.Counter(found).items() if count > 1]
         wrong += [f"lost entry {number}" for number in self.acknowledged - self.handled - of["entry"]]
         wrong += [f"entry {number} of nobody" for number in of["entry"] - self.begun]
         generation = max(of["snapshot"], default=0)
