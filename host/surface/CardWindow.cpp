@@ -7,6 +7,7 @@
 #include <QApplication>
 #include <QContextMenuEvent>
 #include <QKeyEvent>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QTimer>
 #include <QWindow>
@@ -31,6 +32,12 @@ QWidget* firstStop(QWidget* card) {
 
 bool isKey(const QEvent& event) {
     return event.type() == QEvent::KeyPress || event.type() == QEvent::KeyRelease;
+}
+
+/// It comes after its own press, and would close the menu that this has opened.
+bool isSecondRightClick(const QEvent& event) {
+    return event.type() == QEvent::MouseButtonDblClick &&
+           static_cast<const QMouseEvent&>(event).button() == Qt::RightButton;
 }
 
 } // namespace
@@ -170,7 +177,7 @@ bool CardWindow::event(QEvent* event) {
 
 bool CardWindow::eventFilter(QObject* watched, QEvent* event) {
     const bool isUnasked = !m_hasTakenFocus && QApplication::activePopupWidget() == nullptr;
-    if (watched == windowHandle() && isKey(*event) && isUnasked)
+    if (watched == windowHandle() && ((isKey(*event) && isUnasked) || isSecondRightClick(*event)))
         return true;
     if (watched == m_card && event->type() == QEvent::Resize) {
         layOut();

@@ -124,6 +124,25 @@ TEST_F(UnfinishedRewrite, KeepsWhatAProgramThatKnowsNoCopyHasAppended) {
     }
 }
 
+TEST_F(UnfinishedRewrite, IsFinishedWithTheLinesThatCameMeanwhile) {
+    MemoryDisk disk = truncated();
+    disk.plant(file, sampleLine(4));
+    MemoryFileSystem files(disk);
+    ASSERT_TRUE(WidgetJournal::append(sampleEntry(5), files));
+    EXPECT_EQ(files.disk().contents(file), sampleLine(1) + sampleLine(3) + sampleLine(4) + sampleLine(5));
+    EXPECT_THAT(names(files), ElementsAre(file.filename()));
+}
+
+TEST_F(UnfinishedRewrite, LeavesTheJournalAloneWhereTheseLinesCannotBeCopied) {
+    MemoryDisk disk = truncated();
+    disk.plant(file, sampleLine(4));
+    MemoryFileSystem files(disk);
+    files.faults().fail(FileOperation::write, 1, ENOSPC, Lasting::once);
+    EXPECT_FALSE(WidgetJournal::append(sampleEntry(5), files));
+    EXPECT_EQ(files.disk().contents(file), sampleLine(4));
+    EXPECT_THAT(pending(files.disk()), ElementsAre(sampleEntry(1), sampleEntry(3), sampleEntry(4)));
+}
+
 TEST_F(UnfinishedRewrite, KeepsItThoughFinishingIsKilledAnywhereToo) {
     for (const MemoryDisk& killed : afterKills()) {
         MemoryDisk disk = killed;
