@@ -16,17 +16,8 @@ constexpr double shrinking = 0.98;
 
 constexpr int mostLines = 1000;
 
-/// No layout asks for as many rooms. A text that is shown for days must not gather those of every minute.
-constexpr std::size_t mostRooms = 32;
-
-/// The lines of a wider or higher room that would be the same ones in this room. Where a text shrinks, or
-/// which letter is its last, depends on each bit of the width: what is drawn must not depend on what was
-/// drawn before.
+/// The lines of a wider or higher room that fit this one as well.
 bool isBrokenAlike(const TextRoom& room, const TextBlock& block, const TextRoom& asked) {
-    if (room == asked)
-        return true;
-    if (block.isCut || asked.lines == 1)
-        return false;
     const int lines = static_cast<int>(block.lines.size());
     return block.narrowest <= asked.width && asked.width <= room.width && lines <= asked.lines &&
            asked.lines <= room.lines;
@@ -47,13 +38,19 @@ const TextBlock& ShapedText::block(double width, std::optional<double> height) c
         return m_whole;
     const TextRoom room{width, lineLimit(height)};
     const auto known = std::ranges::find_if(
-        m_broken, [&](const Broken& each) { return isBrokenAlike(each.room, each.block, room); });
-    if (known != m_broken.end())
+        m_current, [&](const Broken& each) { return isBrokenAlike(each.room, each.block, room); });
+    if (known != m_current.end())
         return known->block;
-    if (m_broken.size() == mostRooms)
-        m_broken.clear();
-    m_broken.push_back({room, broken(room)});
-    return m_broken.back().block;
+    return m_current.emplace_back(brokenEarlierOrNow(room)).block;
+}
+
+void ShapedText::endLayout() const {
+    m_earlier = std::exchange(m_current, {});
+}
+
+ShapedText::Broken ShapedText::brokenEarlierOrNow(const TextRoom& room) const {
+    const auto known = std::ranges::find(m_earlier, room, &Broken::room);
+    return known == m_earlier.end() ? Broken{room, broken(room)} : *known;
 }
 
 int ShapedText::lineLimit(std::optional<double> height) const {
@@ -90,13 +87,16 @@ QString ShapedText::beginning(const TextRoom& room) const {
 std::shared_ptr<const ShapedText> ShapedTexts::shaped(const QString& text, const TextStyle& style,
                                                       const Look& look) {
     const auto isSame = [&](const auto& each) { return each->text() == text && each->style() == style; };
-    for (const Texts* texts : {&m_current, &m_earlier})
-        if (const auto known = std::ranges::find_if(*texts, isSame); known != texts->end())
-            return m_current.emplace_back(*known);
+    if (const auto known = std::ranges::find_if(m_current, isSame); known != m_current.end())
+        return *known;
+    if (const auto known = std::ranges::find_if(m_earlier, isSame); known != m_earlier.end())
+        return m_current.emplace_back(*known);
     return m_current.emplace_back(std::make_shared<const ShapedText>(text, style, look));
 }
 
 void ShapedTexts::endLayout() {
+    for (const auto& text : m_current)
+        text->endLayout();
     m_earlier = std::exchange(m_current, {});
 }
 

@@ -8,8 +8,12 @@
 
 namespace vantel::scene {
 
-/// A text in one style, which remembers how it was broken lately: containers ask for its size again and
-/// again, and nothing else of a layout takes as long.
+/// A text in one style, which remembers how it was broken: containers ask for its size again and again, and
+/// nothing else of a layout takes as long.
+///
+/// A text that was cut, or made smaller, to fit a room keeps its lines in the room that these then take; else
+/// it would lose another letter each time it is asked. So lines depend on the rooms before, but on those of
+/// the same layout alone: what is drawn never depends on what was drawn earlier.
 class ShapedText {
 public:
     ShapedText(QString text, const TextStyle& style, const Look& look);
@@ -25,6 +29,9 @@ public:
     /// first. Valid until the next call.
     const TextBlock& block(double width, std::optional<double> height) const;
 
+    /// Keeps for the next layout the rooms of this one, and no others.
+    void endLayout() const;
+
 private:
     struct Broken {
         TextRoom room;
@@ -33,6 +40,7 @@ private:
 
     int lineLimit(std::optional<double> height) const;
     double fraction(double width) const;
+    Broken brokenEarlierOrNow(const TextRoom& room) const;
     TextBlock broken(const TextRoom& room) const;
     QString beginning(const TextRoom& room) const;
 
@@ -41,8 +49,9 @@ private:
     Look m_look;
     SceneFont m_font;
     LineMetrics m_metrics;
-    TextBlock m_whole; ///< on one line, which is nearly always what is drawn
-    mutable std::vector<Broken> m_broken;
+    TextBlock m_whole;                     ///< on one line, which is nearly always what is drawn
+    mutable std::vector<Broken> m_earlier; ///< in the last layout
+    mutable std::vector<Broken> m_current;
 };
 
 /// The texts of a card, kept from one layout to the next: as a minute passes, only the time left is new.

@@ -47,23 +47,46 @@ TEST(ShapedText, IsBrokenAsIfNothingWereRememberedAndNothingLeftOut) {
         const QString text = displayText(hostile.text);
         for (const int lines : {1, 2}) {
             const ShapedText shaped(text, styleOf(lines), testLook());
-            for (const double width : widths)
+            for (const double width : widths) {
                 expectSame(shaped.block(width, std::nullopt), brokenAsAWhole(text, styleOf(lines), width),
                            hostile.attempt + ", " + std::to_string(lines) + " lines of " +
                                std::to_string(width));
+                shaped.endLayout();
+            }
         }
     }
 }
 
-TEST(ShapedText, IsBrokenTheSameWayAfterMoreRoomsThanItRemembers) {
+TEST(ShapedText, IsBrokenAsIfNothingWereRememberedWhereNothingIsCut) {
     const QString words = QStringLiteral("one two three four five six seven eight nine ten eleven twelve");
-    const ShapedText text(words, styleOf(2), testLook());
+    const ShapedText text(words, styleOf(9), testLook());
     for (const int step : {-1, 1})
         for (int i = 0; i < 100; ++i) {
             const double width = 120 + step * (i - 50);
-            expectSame(text.block(width, std::nullopt), brokenAsAWhole(words, styleOf(2), width),
+            expectSame(text.block(width, std::nullopt), brokenAsAWhole(words, styleOf(9), width),
                        std::to_string(width));
         }
+}
+
+TEST(ShapedText, KeepsItsLinesInTheRoomThatTheyTake) {
+    struct Row {
+        const char* text;
+        TextStyle style;
+        double share;
+    };
+    const std::array rows{Row{"Send the agenda to everybody", styleOf(1), 0.4},
+                          Row{"Send the agenda to everybody", styleOf(2), 0.3},
+                          Row{"Send the agenda to everybody", styleOf(2), 0.6},
+                          Row{"1020 overdue", styleOf(1, 0.5), 0.8},
+                          Row{"1020 overdue", styleOf(1, 0.5), 0.4}};
+    for (const Row& row : rows) {
+        const ShapedText text(QString::fromLatin1(row.text), row.style, testLook());
+        const TextBlock first = text.block(row.share * text.width(), std::nullopt);
+        const TextBlock again = text.block(first.size().width() + 0.05, first.size().height());
+        const std::string what = row.text + (" in " + std::to_string(row.share));
+        EXPECT_EQ(again.metrics, first.metrics) << what;
+        expectSame(again, first, what);
+    }
 }
 
 TEST(ShapedText, HasNoMoreLinesThanItsRoomIsHigh) {
@@ -95,6 +118,7 @@ TEST(ShapedText, ShrinksTheSameWayWhateverRoomsItHadBefore) {
         const double width = share * text.width();
         const ShapedText fresh(words, styleOf(1, 0.5), testLook());
         expectSame(text.block(width, std::nullopt), fresh.block(width, std::nullopt), std::to_string(share));
+        text.endLayout();
     }
 }
 
