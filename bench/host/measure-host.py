@@ -31,13 +31,8 @@ class Bench(Desktop):
     """A desktop whose screen and mouse are at hand without programs in between."""
 
     def start_display(self):
-        reading, writing = os.pipe()
-        self.start("Xvfb", "-displayfd", str(writing), "-screen", "0", f"{self.width}x{self.height}x24",
-                   "-nolisten", "tcp", "-fbdir", str(self.folder), pass_fds=[writing])
-        os.close(writing)
-        with os.fdopen(reading) as numbers:
-            self.environment["DISPLAY"] = ":" + numbers.readline().strip()
-        self.screen = Screen(self.folder / "Xvfb_screen0")
+        super().start_display()
+        self.screen = Screen(self.frame_buffer)
         self.pointer = Pointer(self.environment["DISPLAY"])
 
     def areas(self):

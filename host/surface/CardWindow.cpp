@@ -11,11 +11,15 @@
 #include <QPainter>
 #include <QTimer>
 #include <QWindow>
+#include <chrono>
 #include <utility>
 
 namespace vantel {
 
 namespace {
+
+/// A window manager that is busy takes a part of it.
+constexpr std::chrono::seconds patienceForKeyboard{1};
 
 /// The first widget in the card that the Tab key reaches, or the card.
 QWidget* firstStop(QWidget* card) {
@@ -123,6 +127,7 @@ void CardWindow::showAgain() {
 
 void CardWindow::takeFocus() {
     m_hasTakenFocus = true;
+    m_isKeyboardAwaited = !m_surface->hasKeyboard();
     clearFocusOfCard();
     m_surface->takeFocus();
     firstStop(m_card)->setFocus(Qt::TabFocusReason);
@@ -139,9 +144,19 @@ void CardWindow::giveFocusBack() {
 /// The window system says only that the window is active, which is no reason for a ring. Whoever asked for
 /// the keyboard walks with it.
 void CardWindow::showFocus() {
+    m_isKeyboardAwaited = false;
     QWidget* focused = focusWidget();
     if (m_hasTakenFocus && focused != nullptr)
         focused->setFocus(Qt::TabFocusReason);
+}
+
+/// The toolkit speaks of it only after 0.4 seconds, in case that another window of ours gets the keyboard.
+/// Meanwhile it may have been asked for anew, and be on its way.
+void CardWindow::loseFocus() {
+    if (std::exchange(m_isKeyboardAwaited, false))
+        QTimer::singleShot(patienceForKeyboard, this, &CardWindow::noticeLoss);
+    else
+        giveFocusBack();
 }
 
 void CardWindow::clearFocusOfCard() {
@@ -206,7 +221,7 @@ void CardWindow::keyPressEvent(QKeyEvent* event) {
 
 void CardWindow::changeEvent(QEvent* event) {
     if (event->type() == QEvent::ActivationChange)
-        isActiveWindow() ? showFocus() : giveFocusBack();
+        isActiveWindow() ? showFocus() : loseFocus();
     QWidget::changeEvent(event);
 }
 

@@ -79,6 +79,7 @@ private:
     void shapeCard();
     void showAgain();
     void showFocus();
+    void loseFocus();
     void noticeLoss();
     void clearFocusOfCard();
 
@@ -93,6 +94,7 @@ private:
     QPointer<QScreen> m_screen;
     bool m_isPlaced = false;
     bool m_hasTakenFocus = false;
+    bool m_isKeyboardAwaited = false; ///< it was asked for, and nobody has said that it came
 };
 
 } // namespace vantel

@@ -10,6 +10,7 @@ import time
 
 from gi.repository import GLib
 
+from frame_buffer import FrameBuffer
 from session_bus import call, connect
 
 
@@ -59,7 +60,7 @@ class Desktop:
         try:
             self.start_display()
             self.start_bus()
-            self.start("openbox")
+            self.window_manager = self.start("openbox")
             wait_for(lambda: "_NET_SUPPORTING_WM_CHECK" in self.output("xprop", "-root"), "a window manager")
         except Failed:
             self.__exit__()
@@ -84,7 +85,7 @@ class Desktop:
         if shutil.which(words[0]) is None:
             raise Skipped(f"{words[0]} is not installed")
         before = identity()
-        self.start(*words)
+        self.window_manager = self.start(*words)
         wait_for(lambda: "window id" in identity() and identity() != before, words[0])
 
     def start_display(self):
@@ -94,6 +95,7 @@ class Desktop:
         os.close(writing)
         with os.fdopen(reading) as numbers:
             self.environment["DISPLAY"] = ":" + numbers.readline().strip()
+        self.frame_buffer = FrameBuffer(self.folder)
 
     def start_bus(self):
         address = f"unix:path={self.folder / 'bus'}"
@@ -180,11 +182,26 @@ class Desktop:
 
     def start_widgets(self, *launcher, cards=4):
         """Returns once all cards are drawn and nothing on the screen moves any more."""
-        process = self.start(*launcher, self.widgets)
-        wait_for(lambda: len(self.placements()) == cards, f"{cards} placements")
-        wait_for(lambda: all(self.is_drawn(each) for each in self.placements()), f"{cards} drawn cards")
+        with (self.folder / "said").open("w") as said:
+            process = self.start(*launcher, self.widgets, stderr=said)
+        try:
+            wait_for(lambda: process.poll() is not None or len(self.placements()) == cards, f"{cards} placements")
+            wait_for(lambda: process.poll() is not None or all(map(self.is_drawn, self.placements())),
+                     f"{cards} drawn cards")
+            expect(process.poll() is None, "the program runs no more")
+        except Failed as failure:
+            raise Failed(f"{failure}\n{self.state_of(process)}") from failure
         self.wait_until_still()
         return process
+
+    def state_of(self, process):
+        """What can be seen from outside of a program that does not do what it should."""
+        lines = [f"exit status: {process.poll()}", (self.folder / "said").read_text()]
+        for thread in sorted(pathlib.Path(f"/proc/{process.pid}/task").glob("*")):
+            lines.append(" ".join((thread / name).read_text().strip() for name in ("comm", "wchan", "syscall")))
+        if shutil.which("gdb"):
+            lines.append(self.output("gdb", "--batch", "-ex", "thread apply all backtrace", "-p", str(process.pid)))
+        return "\n".join(lines)
 
     def show_sample_day(self, *launcher, cards=4):
         """Starts the program with the day of the gallery."""
@@ -246,8 +263,7 @@ class Desktop:
 
     def glance(self):
         """The pixels of the screen as the X server keeps them: at once, also where the machine is busy."""
-        dump = (self.folder / "Xvfb_screen0").read_bytes()
-        return dump[int.from_bytes(dump[:4], "big"):]
+        return self.frame_buffer.look()
 
     def is_drawn(self, placement):
         return len(set(self.picture(*self.area(placement)))) > 20

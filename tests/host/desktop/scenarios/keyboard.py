@@ -1,4 +1,7 @@
 """The keyboard comes to a card when it is asked for, walks it, and goes back."""
+import signal
+import time
+
 from cards import CIRCLE, FIRST_ROW, FOCUS, ROW, open_menu
 from desktop import expect, wait_for
 
@@ -40,6 +43,31 @@ def keys_alone_complete_a_task(desktop):
     wait_for(lambda: [each["todoID"] for each in desktop.journal()] == ["demo-2"], "the second task in the journal")
 
 
+def the_keyboard_stays_where_the_window_manager_takes_its_time(desktop):
+    """Only after 0.4 seconds does the toolkit say that the keyboard has left, in case that it goes to another window of
+    ours; meanwhile it may have been asked for anew."""
+    desktop.write_snapshot(dict(desktop.placeholder(), events=[]))  # so that nothing counts down
+    desktop.start_widgets()
+    desktop.start("xev", "-geometry", "200x200+20+400")
+    wait_for(lambda: desktop.focused("Event Tester"), "a window that has the keyboard")
+    area = desktop.card(FOCUS)
+    desktop.wait_until_still()
+    bare = desktop.picture(*area)
+    desktop.ask("FocusWidgets")
+    wait_for(lambda: desktop.picture(*area) != bare, "a ring")
+    desktop.press_keys("Escape")
+    wait_for(lambda: desktop.focused("Event Tester"), "the keyboard back where it was")
+    desktop.window_manager.send_signal(signal.SIGSTOP)
+    desktop.ask("FocusWidgets")
+    time.sleep(0.6)
+    desktop.window_manager.send_signal(signal.SIGCONT)
+    wait_for(lambda: desktop.focused("Focus"), "the keyboard in the focus widget again")
+    desktop.wait_until_still()
+    expect(desktop.picture(*area) != bare, "no ring")
+    desktop.press_keys("Tab", "Tab", "Return")
+    wait_for(lambda: [each["todoID"] for each in desktop.journal()] == ["demo-2"], "the second task in the journal")
+
+
 def escape_gives_the_keyboard_away(desktop):
     desktop.show_sample_day()
     before = desktop.picture()
@@ -55,6 +83,20 @@ def escape_gives_the_keyboard_away(desktop):
     desktop.wait_until_still()
     expect(desktop.picture() == before, "a key changed the screen")
     expect(desktop.journal() == [], "a key completed a task after Escape")
+
+
+def a_second_right_click_opens_the_menu_anew(desktop):
+    """At once, as part of a double click."""
+    desktop.show_sample_day()
+    left, top, _, _ = desktop.card(FOCUS)
+    windows = desktop.window_count()
+    desktop.click(left + 40, top + 130, button=3)
+    wait_for(lambda: desktop.window_count() > windows, "the menu")
+    desktop.press_keys("Escape")
+    wait_for(lambda: desktop.window_count() == windows, "no menu any more")
+    desktop.click(left + 40, top + 130, button=3)
+    desktop.wait_until_still()
+    expect(desktop.window_count() > windows, "the second click opened no menu")
 
 
 def a_closed_menu_leaves_no_ring(desktop):
