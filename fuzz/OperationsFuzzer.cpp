@@ -122,8 +122,8 @@ private:
         const FileOperation kind = operation();
         const int first = nth();
         const Lasting lasts = lasting();
-        const std::size_t least = lasts == Lasting::once ? 1 : 100;
-        m_files.faults().shorten(kind, first, m_input.ConsumeIntegralInRange(least, 10 * least), lasts);
+        const std::size_t length = m_input.ConsumeIntegralInRange<std::size_t>(1, 100);
+        m_files.faults().shorten(kind, first, lasts == Lasting::once ? length : 100 * length, lasts);
     }
 
     FileOperation operation() {

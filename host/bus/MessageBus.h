@@ -29,8 +29,8 @@ public:
     static constexpr std::chrono::milliseconds firstPause{80};
     static constexpr int attempts = 3; ///< each after a pause four times as long as the one before
 
-    /// Connects at once, which takes the bus a millisecond, unless what was knocked at is silent. `pause` is
-    /// the first pause before another attempt.
+    /// Connects at once, which takes the bus a millisecond, unless it was silent when it was knocked at or
+    /// nobody was there. `pause` is the first pause before another attempt.
     explicit MessageBus(BusKnock knock, std::chrono::milliseconds pause = firstPause,
                         QObject* parent = nullptr);
     ~MessageBus() override;

@@ -1,7 +1,6 @@
 #include "tests/torture/program/EachCall.h"
 
-#include "tests/torture/program/Operations.h"
-#include "tests/torture/program/Report.h"
+#include "tests/torture/program/Judgement.h"
 #include "tests/torture/program/SystemCalls.h"
 
 #include <algorithm>
@@ -68,8 +67,7 @@ bool startsProcess(const SystemCall& call) {
 /// What an operation does when nothing disturbs it.
 struct Clean {
     std::vector<SystemCall> calls;
-    View before;
-    View after;
+    Sides sides;
 };
 
 Clean runCleanly(const Operation& operation, Report& report) {
@@ -80,7 +78,7 @@ Clean runCleanly(const Operation& operation, Report& report) {
                   operation.name + " fails by itself");
     report.expect(std::ranges::none_of(run.calls, startsProcess),
                   operation.name + " starts a process, which would keep its lock");
-    return {run.calls, before, look()};
+    return {run.calls, {before, look()}};
 }
 
 enum class Lasting { once, sameCall, everything };
@@ -143,15 +141,11 @@ void judge(const Operation& operation, const Clean& clean, const Fault& fault, i
     report.expect(told().descriptorsLeft == 0, what + ": left a descriptor");
     report.expect(told().areLocksFree, what + ": left a lock");
     judgeFiles(operation, fault, what, report);
-    const bool hasHappened = told().outcome == Outcome::happened;
-    const View found = look();
-    const bool isAsSaid = found == (hasHappened ? clean.after : clean.before);
     const bool mayHaveHappened = fault.lasting == Lasting::everything || fault.isForgivenBy(operation);
-    report.expect(isAsSaid || (!hasHappened && mayHaveHappened && found == clean.after),
-                  what + (hasHappened ? ": said to have happened, and has not"
-                                      : ": said to have failed, and changed something"));
-    for (const std::string& name : leftAfterUse())
-        report.wrong(what + ": a later use left " + name);
+    judgeOutcome(told().outcome, clean.sides,
+                 mayHaveHappened ? FailedMeans::itMayHaveHappened : FailedMeans::nothingHappened, what,
+                 report);
+    judgeLaterUse(what, report);
 }
 
 /// The short form leaves out what a long one has never found to differ from EIO.
@@ -183,9 +177,9 @@ void judgeKill(const Clean& clean, const Watched& run, const std::string& what, 
     report.expect(run.status == 128 + SIGKILL, what + ": ended with " + std::to_string(run.status));
     report.expect(areLocksFree(), what + ": left a lock");
     const View found = look();
-    report.expect(found == clean.before || found == clean.after, what + ": neither before nor after");
-    for (const std::string& name : leftAfterUse())
-        report.wrong(what + ": a later use left " + name);
+    report.expect(found == clean.sides.before || found == clean.sides.after,
+                  what + ": neither before nor after");
+    judgeLaterUse(what, report);
 }
 
 /// Before the call, and for a write after its first byte, its half, and all but its last byte.

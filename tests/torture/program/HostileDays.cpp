@@ -60,6 +60,11 @@ WidgetSnapshot hugeDay(const HostileText& huge) {
     return day;
 }
 
+/// All numbers are equally long, so that the names stand in their order.
+std::string numbered(const std::string& kind, std::size_t number) {
+    return kind + '-' + std::to_string(1000 + number) + ".json";
+}
+
 void write(const std::string& name, const WidgetSnapshot& snapshot) {
     std::ofstream(name, std::ios::binary) << encodeSnapshot(snapshot).value();
 }
@@ -72,13 +77,12 @@ int writeHostileDays() {
     const std::vector<HostileText> texts = testing::hostileTexts();
     for (std::size_t i = 0; i < texts.size(); i += textsOfADay) {
         const std::size_t end = std::min(i + textsOfADay, texts.size());
-        write("hostile-" + std::to_string(i) + ".json",
-              hostileDay(Texts({texts.begin() + static_cast<std::ptrdiff_t>(i),
-                                texts.begin() + static_cast<std::ptrdiff_t>(end)})));
+        write(numbered("hostile", i), hostileDay(Texts({texts.begin() + static_cast<std::ptrdiff_t>(i),
+                                                        texts.begin() + static_cast<std::ptrdiff_t>(end)})));
     }
     const std::vector<HostileText> huge = testing::hugeTexts();
     for (std::size_t i = 0; i < huge.size(); ++i)
-        write("huge-" + std::to_string(i) + ".json", hugeDay(huge[i]));
+        write(numbered("huge", i), hugeDay(huge[i]));
     std::cout << texts.size() << " hostile texts, and " << huge.size() << " of four megabytes\n";
     return 0;
 }

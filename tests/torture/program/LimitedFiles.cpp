@@ -1,7 +1,6 @@
 #include "tests/torture/program/LimitedFiles.h"
 
-#include "tests/torture/program/Operations.h"
-#include "tests/torture/program/Report.h"
+#include "tests/torture/program/Judgement.h"
 
 #include <csignal>
 
@@ -29,17 +28,14 @@ Outcome runLimited(const Operation& operation, rlim_t length) {
     return WIFEXITED(status) ? static_cast<Outcome>(WEXITSTATUS(status)) : Outcome::wrong;
 }
 
-void judge(const Operation& operation, Outcome outcome, const View& before, const View& after,
-           const std::string& what, Report& report) {
+void judge(const Operation& operation, Outcome outcome, const Sides& sides, const std::string& what,
+           Report& report) {
     report.expect(outcome == Outcome::failed || outcome == Outcome::happened, what + ": told what is not so");
     report.expect(areLocksFree(), what + ": left a lock");
-    const View found = look();
-    const bool hasHappened = outcome == Outcome::happened;
-    report.expect(found == (hasHappened ? after : before) || (operation.mayFinishLater && found == after),
-                  what + (hasHappened ? ": said to have happened, and has not"
-                                      : ": said to have failed, and changed something"));
-    for (const std::string& name : leftAfterUse())
-        report.wrong(what + ": a later use left " + name);
+    judgeOutcome(outcome, sides,
+                 operation.mayFinishLater ? FailedMeans::itMayHaveHappened : FailedMeans::nothingHappened,
+                 what, report);
+    judgeLaterUse(what, report);
 }
 
 int limitOperation(const Operation& operation, Report& report) {
@@ -47,13 +43,12 @@ int limitOperation(const Operation& operation, Report& report) {
     const View before = look();
     put(operation.before);
     report.expect(runContained(operation) == Outcome::happened, operation.name + " fails by itself");
-    const View after = look();
+    const Sides sides{before, look()};
     int runs = 0;
     for (rlim_t length = 0; length < longest; length += 1 + length / 64) {
         put(operation.before);
         const Outcome outcome = runLimited(operation, length);
-        judge(operation, outcome, before, after, operation.name + ", " + std::to_string(length) + " bytes",
-              report);
+        judge(operation, outcome, sides, operation.name + ", " + std::to_string(length) + " bytes", report);
         ++runs;
         if (outcome == Outcome::happened)
             return runs;

@@ -8,7 +8,7 @@ from desktop import Skipped, expect
 from screen_reader import ScreenReader
 from stepped_clock import SteppedClock
 
-MORNING = 1794906300  # 09:05 on the 17th of November 2026 in UTC, in the hour of these days
+MORNING = 1794906300  # 09:05 on the 17th of November 2026 in UTC: the texts of these days are then on show
 JOINERS = "\u200c\u200d"
 
 
@@ -40,7 +40,7 @@ def hostile_days(desktop):
     folder = desktop.folder / "days"
     folder.mkdir()
     subprocess.run([program, "hostile-days"], cwd=folder, check=True, capture_output=True)
-    return sorted(folder.glob("h*-*.json"), key=lambda day: (day.name.split("-")[0], int(day.stem.split("-")[1])))
+    return sorted(folder.glob("h*-*.json"))
 
 
 def show(desktop, day):
