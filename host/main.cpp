@@ -15,6 +15,7 @@
 
 #include <QApplication>
 #include <QLocale>
+#include <chrono>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
@@ -26,6 +27,9 @@
 namespace vantel {
 
 namespace {
+
+/// They may lie on a disk of the network; no card is drawn without them.
+constexpr std::chrono::minutes patienceForFonts{1};
 
 HostedWidgets hostedWidgets() {
     return {
@@ -71,8 +75,7 @@ std::optional<HiddenBus> hideIfSilent(BusKnock& sessionBus) {
     return std::make_optional<HiddenBus>();
 }
 
-int perform(const Options& options, const Formats& formats, BusKnock sessionBus) {
-    Worker worker;
+int perform(const Options& options, const Formats& formats, BusKnock sessionBus, Worker& worker) {
     switch (options.task) {
     case Task::run:
         beginFirstPicture(worker, formats);
@@ -110,13 +113,16 @@ int main(int count, char** words) {
     // A menu that becomes a window of its own must not make one of the card it belongs to.
     QCoreApplication::setAttribute(Qt::AA_DontCreateNativeWidgetSiblings);
     auto hiddenBus = hideIfSilent(sessionBus);
+    Worker worker;
+    beginFonts(worker);
     const QApplication application(count, words);
+    worker.drain(patienceForFonts); // What follows writes the environment.
     hiddenBus.reset();
     releasePlatform();
     const std::string locale = currentFormatLocale();
     QApplication::setLayoutDirection(QLocale(QString::fromStdString(locale)).textDirection());
     const LocalizedFormats formats(locale);
-    return perform(*options, formats, std::move(sessionBus));
+    return perform(*options, formats, std::move(sessionBus), worker);
 }
 
 } // namespace

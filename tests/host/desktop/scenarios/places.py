@@ -48,6 +48,13 @@ def a_second_start_leaves_the_first_one_alone(desktop):
     expect(first.poll() is None, "the first one ended")
 
 
+def a_launcher_that_leaves_a_token_starts_the_widgets_too(desktop):
+    """The toolkit takes the token from the environment, which nothing may read meanwhile."""
+    desktop.environment["DESKTOP_STARTUP_ID"] = "launcher-1-host_TIME1"
+    desktop.environment["XDG_ACTIVATION_TOKEN"] = "token"
+    desktop.show_sample_day()
+
+
 def a_card_that_is_dropped_onto_another_comes_to_rest_beside_it(desktop):
     desktop.write_snapshot(dict(desktop.placeholder(), events=[]))  # so that nothing counts down
     desktop.start_widgets()
