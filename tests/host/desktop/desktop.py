@@ -22,8 +22,9 @@ class Skipped(Exception):
     """This machine does not let it be tried."""
 
 
-def wait_for(condition, what, seconds=15):
-    """Waits until the condition gives something true, and returns that. The limit only ends a hopeless test."""
+def wait_for(condition, what, seconds=60):
+    """Waits until the condition gives something true, and returns that. The limit only ends a hopeless test: a machine
+    among many on one host stands still for seconds."""
     end = time.monotonic() + seconds
     while time.monotonic() < end:
         answer = condition()

@@ -42,7 +42,7 @@ def nothing_is_lost_when_the_compositor_dies(desktop):
     first.wait()
     supervisor = Supervisor(desktop)
     for number in range(20 if desktop.is_long else 5):
-        wait_for(lambda: all(map(desktop.is_drawn, desktop.placements())), "four cards", 30)
+        wait_for(lambda: all(map(desktop.is_drawn, desktop.placements())), "four cards")
         desktop.wait_until_still()
         if number < 3:  # the rows that are left close up
             desktop.click(left + CIRCLE, top + FIRST_ROW + number * ROW // 2)
@@ -52,7 +52,7 @@ def nothing_is_lost_when_the_compositor_dies(desktop):
         desktop.kill_compositor()
         desktop.start_compositor()
         desktop.leave()
-    wait_for(lambda: all(map(desktop.is_drawn, desktop.placements())), "four cards at the end", 30)
+    wait_for(lambda: all(map(desktop.is_drawn, desktop.placements())), "four cards at the end")
     supervisor.is_ending = True
     # Which status says so is the toolkit's to choose; the user's service starts the program again for any but 0.
     expect(0 not in supervisor.statuses, f"it ended with {supervisor.statuses}")
