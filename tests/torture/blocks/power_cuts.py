@@ -172,7 +172,7 @@ class Cuts:
             said = subprocess.run([os.path.join(programs, "vantel_torture"), "look"],
                                   env={**os.environ, "XDG_DATA_HOME": home}, stdout=subprocess.PIPE, timeout=60)
         words = [line.split() for line in said.stdout.decode().splitlines()]
-        found = [(word[0], int(word[1]) if word[1:] and word[1].isdigit() else word[1:]) for word in words]
+        found = [(word[0], int(word[1]) if word[1:] and word[1].isdigit() else " ".join(word[1:])) for word in words]
         return found + ([("ended", said.returncode)] if said.returncode else [])
 
 
