@@ -7,6 +7,7 @@
 #include <QLibraryInfo>
 #include <algorithm>
 #include <cstdlib>
+#include <memory>
 #include <optional>
 
 #include <xcb/xcb.h>
@@ -35,13 +36,25 @@ void choose(const char* platform) {
     ::setenv(platformVariable, platform, 1);
 }
 
+struct Disconnect {
+    void operator()(xcb_connection_t* connection) const { ::xcb_disconnect(connection); }
+};
+
+using Connection = std::unique_ptr<xcb_connection_t, Disconnect>;
+
+/// Kept until the toolkit has its own: an X server that its only program leaves begins anew, and refuses
+/// others meanwhile.
+Connection& askingConnection() {
+    static Connection connection;
+    return connection;
+}
+
 /// The toolkit would end the program with advice to install it anew.
 DisplayFacts::XServer askXServer() {
     if (valueOf("DISPLAY").empty())
         return DisplayFacts::XServer::none;
-    xcb_connection_t* connection = ::xcb_connect(nullptr, nullptr);
-    const bool isWorking = ::xcb_connection_has_error(connection) == 0;
-    ::xcb_disconnect(connection);
+    askingConnection().reset(::xcb_connect(nullptr, nullptr));
+    const bool isWorking = ::xcb_connection_has_error(askingConnection().get()) == 0;
     return isWorking ? DisplayFacts::XServer::answering : DisplayFacts::XServer::silent;
 }
 
@@ -88,6 +101,7 @@ void useMemory() {
 }
 
 void releasePlatform() {
+    askingConnection().reset();
     if (!platformBefore())
         return;
     if (platformBefore()->empty())

@@ -18,7 +18,7 @@ void useBackEnd(BackEnd backEnd);
 void useMemory();
 
 /// Takes back what was told of the toolkit's platform, once there is an application object: programs that are
-/// started from here choose for themselves.
+/// started from here choose for themselves. Lets go of the X server that was asked.
 void releasePlatform();
 
 } // namespace vantel

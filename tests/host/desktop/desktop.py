@@ -90,13 +90,17 @@ class Desktop:
         wait_for(lambda: "window id" in identity() and identity() != before, words[0])
 
     def start_display(self):
+        self.environment["DISPLAY"] = self.start_x_server("-noreset", "-fbdir", str(self.folder))
+        self.frame_buffer = FrameBuffer(self.folder)
+
+    def start_x_server(self, *options):
+        """The name of its display."""
         reading, writing = os.pipe()
-        self.start("Xvfb", "-displayfd", str(writing), "-screen", "0", f"{self.width}x{self.height}x24",
-                   "-nolisten", "tcp", "-noreset", "-fbdir", str(self.folder), pass_fds=[writing])
+        self.start("Xvfb", "-displayfd", str(writing), "-screen", "0", f"{self.width}x{self.height}x24", "-nolisten", "tcp",
+                   *options, pass_fds=[writing])
         os.close(writing)
         with os.fdopen(reading) as numbers:
-            self.environment["DISPLAY"] = ":" + numbers.readline().strip()
-        self.frame_buffer = FrameBuffer(self.folder)
+            return ":" + numbers.readline().strip()
 
     def start_bus(self):
         address = f"unix:path={self.folder / 'bus'}"

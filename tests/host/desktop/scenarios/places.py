@@ -48,6 +48,17 @@ def a_second_start_leaves_the_first_one_alone(desktop):
     expect(first.poll() is None, "the first one ended")
 
 
+def an_x_server_without_another_program_is_enough(desktop):
+    """It begins anew when its last program leaves."""
+    desktop.environment["DISPLAY"] = desktop.start_x_server()
+    for _ in range(12):
+        process = desktop.start(desktop.widgets)
+        wait_for(lambda: process.poll() is not None or desktop.answers(), "an answer of the program")
+        expect(process.poll() is None, "the program does not start")
+        process.terminate()
+        process.wait(10)
+
+
 def a_launcher_that_leaves_a_token_starts_the_widgets_too(desktop):
     """The toolkit takes the token from the environment, which nothing may read meanwhile."""
     desktop.environment["DESKTOP_STARTUP_ID"] = "launcher-1-host_TIME1"
