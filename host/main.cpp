@@ -75,6 +75,13 @@ std::optional<HiddenBus> hideIfSilent(BusKnock& sessionBus) {
     return std::make_optional<HiddenBus>();
 }
 
+void introduceProgram() {
+    QApplication::setApplicationName(QStringLiteral("vantel-widgets"));
+    QApplication::setDesktopFileName(QStringLiteral("org.vantel.Widgets"));
+    // A menu that becomes a window of its own must not make one of the card it belongs to.
+    QCoreApplication::setAttribute(Qt::AA_DontCreateNativeWidgetSiblings);
+}
+
 int perform(const Options& options, const Formats& formats, BusKnock sessionBus, Worker& worker) {
     switch (options.task) {
     case Task::run:
@@ -108,10 +115,7 @@ int main(int count, char** words) {
         complain(sentenceKey(*problem));
         return EXIT_FAILURE;
     }
-    QApplication::setApplicationName(QStringLiteral("vantel-widgets"));
-    QApplication::setDesktopFileName(QStringLiteral("org.vantel.Widgets"));
-    // A menu that becomes a window of its own must not make one of the card it belongs to.
-    QCoreApplication::setAttribute(Qt::AA_DontCreateNativeWidgetSiblings);
+    introduceProgram();
     auto hiddenBus = hideIfSilent(sessionBus);
     Worker worker;
     beginFonts(worker);
