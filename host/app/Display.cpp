@@ -8,7 +8,6 @@
 #include <algorithm>
 #include <cstdlib>
 #include <memory>
-#include <optional>
 
 #include <xcb/xcb.h>
 
@@ -18,22 +17,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr const char* platformVariable = "QT_QPA_PLATFORM";
-
-/// What the variable held before it was written here.
-std::optional<std::string>& platformBefore() {
-    static std::optional<std::string> before;
-    return before;
-}
-
 std::string valueOf(const char* variable) {
     const char* value = std::getenv(variable);
     return value == nullptr ? "" : value;
-}
-
-void choose(const char* platform) {
-    platformBefore() = valueOf(platformVariable);
-    ::setenv(platformVariable, platform, 1);
 }
 
 struct Disconnect {
@@ -76,7 +62,7 @@ FileURL pictureFontSettings() {
 
 DisplayFacts displayFacts(WantedBackEnd wanted) {
     DisplayFacts facts{.wanted = wanted,
-                       .platform = valueOf(platformVariable),
+                       .platform = valueOf("QT_QPA_PLATFORM"),
                        .compositor = askCompositor(),
                        .waylandPart = findWaylandPart()};
     if (!chooseBackEnd(facts))
@@ -84,30 +70,24 @@ DisplayFacts displayFacts(WantedBackEnd wanted) {
     return facts;
 }
 
-void useBackEnd(BackEnd backEnd) {
+std::string preparePlatform(BackEnd backEnd) {
+    if (backEnd == BackEnd::toolkit)
+        return {};
     if (backEnd == BackEnd::x11)
-        choose("xcb");
-    if (backEnd != BackEnd::wayland)
-        return;
-    choose("wayland");
+        return "xcb";
     for (const char* variable : waylandEnvironment)
         ::setenv(variable, "1", 1);
+    return "wayland";
 }
 
-void useMemory() {
-    choose("offscreen");
+std::string prepareMemory() {
     ::setenv("FONTCONFIG_FILE", pictureFontSettings().c_str(), 1);
     ::setenv("QT_LOGGING_RULES", "default.warning=false", 0); // it misses folders that pictures do not need
+    return "offscreen";
 }
 
-void releasePlatform() {
+void releaseDisplay() {
     askingConnection().reset();
-    if (!platformBefore())
-        return;
-    if (platformBefore()->empty())
-        ::unsetenv(platformVariable);
-    else
-        ::setenv(platformVariable, platformBefore()->c_str(), 1);
 }
 
 } // namespace vantel

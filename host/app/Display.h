@@ -3,7 +3,7 @@
 #include "host/app/BackEnd.h"
 #include "host/app/Options.h"
 
-#include <expected>
+#include <string>
 
 namespace vantel {
 
@@ -11,14 +11,14 @@ namespace vantel {
 /// because many compositors start theirs when the first program asks for it.
 DisplayFacts displayFacts(WantedBackEnd wanted);
 
-/// Tells the toolkit what to draw on, by its environment variables, before there is an application object.
-void useBackEnd(BackEnd backEnd);
+/// Prepares the environment, where that takes any, for what was chosen, before there is an application
+/// object. The toolkit's name of it; empty where it has chosen itself.
+std::string preparePlatform(BackEnd backEnd);
 
-/// Makes the toolkit draw into memory.
-void useMemory();
+/// The same for pictures, which are drawn into memory.
+std::string prepareMemory();
 
-/// Takes back what was told of the toolkit's platform, once there is an application object: programs that are
-/// started from here choose for themselves. Lets go of the X server that was asked.
-void releasePlatform();
+/// Lets go of the X server that was asked, once there is an application object.
+void releaseDisplay();
 
 } // namespace vantel

@@ -37,6 +37,18 @@ def clicks_open_the_links_of_the_companion(desktop):
     expect(desktop.journal() == [], "a click beside the circle completed a task")
 
 
+def what_opens_a_link_is_told_nothing_of_the_widgets_toolkit(desktop):
+    told = desktop.folder / "told"
+    desktop.install_companion(f"env >{told}.new; mv {told}.new {told}")
+    desktop.show_sample_day()
+    left, top, _, _ = desktop.card(FOCUS)
+    desktop.click(left + TITLE, top + FIRST_ROW)
+    wait_for(told.exists, "the opened link")
+    names = {line.split("=")[0] for line in told.read_text().splitlines()}
+    new = sorted(name for name in names if name.startswith("QT_") and name not in desktop.environment)
+    expect(not new, f"it is told {new}")
+
+
 def without_an_application_for_a_link_the_widget_says_so(desktop):
     desktop.show_sample_day()
     left, top, width, height = desktop.card(FOCUS)

@@ -1,4 +1,7 @@
 """Where cards stand, and what is remembered of it."""
+import shutil
+import subprocess
+
 from cards import FOCUS, NEXT_UP, TRIAGE
 from desktop import expect, wait_for
 
@@ -64,6 +67,14 @@ def a_launcher_that_leaves_a_token_starts_the_widgets_too(desktop):
     desktop.environment["DESKTOP_STARTUP_ID"] = "launcher-1-host_TIME1"
     desktop.environment["XDG_ACTIVATION_TOKEN"] = "token"
     desktop.show_sample_day()
+
+
+def a_program_without_its_library_says_what_is_missing(desktop):
+    lonely = desktop.folder / "bin" / "vantel-widgets"
+    shutil.copy(desktop.widgets, lonely)
+    ended = subprocess.run([lonely], env=desktop.environment, capture_output=True, text=True, timeout=60)
+    expect(ended.returncode == 1 and ended.stdout == "", f"it ended with {ended.returncode}: {ended.stdout}")
+    expect(ended.stderr.startswith("vantel-widgets: fatal: ") and "vantel-widgets.so" in ended.stderr, ended.stderr)
 
 
 def a_card_that_is_dropped_onto_another_comes_to_rest_beside_it(desktop):

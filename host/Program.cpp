@@ -1,7 +1,10 @@
+#include "host/starter/Program.h"
+
 #include "core/WidgetShared.h"
 #include "host/app/Display.h"
 #include "host/app/HeadStart.h"
 #include "host/app/HostApplication.h"
+#include "host/app/ToolkitWords.h"
 #include "host/bus/BusKnock.h"
 #include "host/bus/HiddenBus.h"
 #include "host/doctor/Doctor.h"
@@ -20,9 +23,10 @@
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
+#include <expected>
+#include <optional>
+#include <string>
 #include <utility>
-
-#include <malloc.h>
 
 namespace vantel {
 
@@ -38,23 +42,31 @@ HostedWidgets hostedWidgets() {
         WTokens::windowBg, std::string(WidgetShared::urlScheme)};
 }
 
-/// A provider that waits for a lock may still run in a thread of its own. It must not meet what a program
-/// takes down as it ends; the kernel takes everything down at once.
+/// A provider that waits for a lock may still run in a thread of its own, or the fonts be read. They must not
+/// meet what a program takes down as it ends; the kernel takes everything down at once.
 [[noreturn]] void leave(int status) {
     std::fflush(nullptr);
     std::_Exit(status);
 }
 
-std::optional<BackEndProblem> prepareDisplay(const Options& options) {
+/// Before anything is written into the environment. Many may wait, one after the other.
+void await(const EarlyFonts& fonts) {
+    if (fonts.valid())
+        fonts.wait_for(patienceForFonts);
+}
+
+/// What the toolkit calls what it shall draw on.
+std::expected<std::string, BackEndProblem> preparedPlatform(const Options& options, const EarlyFonts& fonts) {
     if (options.task == Task::renderCard || options.task == Task::renderGallery) {
-        useMemory();
-        return std::nullopt;
+        await(fonts);
+        return prepareMemory();
     }
     const auto choice = chooseBackEnd(displayFacts(options.backEnd));
     if (!choice)
-        return choice.error();
-    useBackEnd(choice->backEnd);
-    return std::nullopt;
+        return std::unexpected(choice.error());
+    if (choice->backEnd == BackEnd::wayland)
+        await(fonts);
+    return preparePlatform(choice->backEnd);
 }
 
 void complain(const char* sentenceKey) {
@@ -67,9 +79,10 @@ BusKnock knockAtSessionBus(Task task) {
     return task == Task::run || task == Task::showGallery ? sessionBusAddress() : QString();
 }
 
-std::optional<HiddenBus> hideIfSilent(BusKnock& sessionBus) {
+std::optional<HiddenBus> hideIfSilent(BusKnock& sessionBus, const EarlyFonts& fonts) {
     if (sessionBus.answer() != BusKnock::Answer::silence)
         return std::nullopt;
+    await(fonts);
     complain(
         textKey("the session bus does not answer; screen readers hear the widgets after their next start"));
     return std::make_optional<HiddenBus>();
@@ -99,8 +112,7 @@ int perform(const Options& options, const Formats& formats, BusKnock sessionBus,
     return EXIT_FAILURE;
 }
 
-int main(int count, char** words) {
-    ::mallopt(M_ARENA_MAX, 1);     // A heap for each short-lived worker would grow for years.
+int main(int count, char** words, const EarlyFonts& fonts) {
     std::signal(SIGXFSZ, SIG_IGN); // A file that may not grow is an error to report, not the end.
     useMessageCatalogue();
     const auto options = parseOptions(count, words);
@@ -111,18 +123,19 @@ int main(int count, char** words) {
     if (options->task == Task::examine)
         leave(examine(LocalizedFormats(currentFormatLocale())));
     BusKnock sessionBus = knockAtSessionBus(options->task);
-    if (const auto problem = prepareDisplay(*options)) {
-        complain(sentenceKey(*problem));
-        return EXIT_FAILURE;
+    const auto platform = preparedPlatform(*options, fonts);
+    if (!platform) {
+        complain(sentenceKey(platform.error()));
+        leave(EXIT_FAILURE);
     }
     introduceProgram();
-    auto hiddenBus = hideIfSilent(sessionBus);
+    auto hiddenBus = hideIfSilent(sessionBus, fonts);
+    ToolkitWords toolkitWords(words[0], *platform);
     Worker worker;
-    beginFonts(worker);
-    const QApplication application(count, words);
-    worker.drain(patienceForFonts); // What follows writes the environment.
+    const QApplication application(toolkitWords.count(), toolkitWords.words());
+    await(fonts); // What follows may write the environment at any time.
     hiddenBus.reset();
-    releasePlatform();
+    releaseDisplay();
     const std::string locale = currentFormatLocale();
     QApplication::setLayoutDirection(QLocale(QString::fromStdString(locale)).textDirection());
     const LocalizedFormats formats(locale);
@@ -133,11 +146,11 @@ int main(int count, char** words) {
 
 } // namespace vantel
 
-int main(int count, char** words) {
+extern "C" int vantelWidgets(int count, char** words, const vantel::EarlyFonts& fonts) {
     try {
-        return vantel::main(count, words);
+        return vantel::main(count, words, fonts);
     } catch (const std::exception& error) {
         std::fprintf(stderr, "vantel-widgets: fatal: %s\n", error.what());
-        return EXIT_FAILURE;
+        vantel::leave(EXIT_FAILURE);
     }
 }

@@ -1,0 +1,12 @@
+#pragma once
+
+#include "host/starter/Program.h"
+
+namespace vantel {
+
+/// Begins, on another thread, to read the settings and lists of the machine's fonts, which take as long as
+/// all else until the first card is laid out. Nothing is begun, and the result is invalid, where the toolkit
+/// will write the environment by itself, or where the system gives no thread.
+EarlyFonts beginFonts();
+
+} // namespace vantel

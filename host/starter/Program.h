@@ -1,0 +1,18 @@
+#pragma once
+
+#include <future>
+
+namespace vantel {
+
+/// Ready once the settings and lists of the machine's fonts are read. Invalid where nobody reads them early.
+using EarlyFonts = std::shared_future<void>;
+
+/// What the starter calls in the library that holds the program. Until `fonts` is ready nobody may write the
+/// environment, since the places of the fonts are read from it. The exit status.
+using Program = int(int count, char** words, const EarlyFonts& fonts);
+
+/// The library lies where the starter's run path leads.
+inline constexpr const char* programLibrary = "vantel-widgets.so";
+inline constexpr const char* programName = "vantelWidgets";
+
+} // namespace vantel
