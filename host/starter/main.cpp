@@ -20,7 +20,7 @@ vantel::Program* loadProgram() {
 /// links is there. So this one links next to nothing, and does both at the same time.
 int main(int count, char** words) {
     ::mallopt(M_ARENA_MAX, 1); // A heap for each short-lived worker would grow for years.
-    // Pictures have fonts of their own, and other words ask for something that needs none.
+    // Words ask for pictures, which have fonts of their own, or for what may come a little later.
     const vantel::EarlyFonts fonts = count == 1 ? vantel::beginFonts() : vantel::EarlyFonts();
     vantel::Program* program = loadProgram();
     if (program == nullptr) {
