@@ -19,7 +19,6 @@
 #include <QApplication>
 #include <QLocale>
 #include <chrono>
-#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
@@ -57,10 +56,8 @@ void await(const EarlyFonts& fonts) {
 
 /// What the toolkit calls what it shall draw on.
 std::expected<std::string, BackEndProblem> preparedPlatform(const Options& options, const EarlyFonts& fonts) {
-    if (options.task == Task::renderCard || options.task == Task::renderGallery) {
-        await(fonts);
+    if (options.task == Task::renderCard || options.task == Task::renderGallery)
         return prepareMemory();
-    }
     const auto choice = chooseBackEnd(displayFacts(options.backEnd));
     if (!choice)
         return std::unexpected(choice.error());
@@ -113,7 +110,6 @@ int perform(const Options& options, const Formats& formats, BusKnock sessionBus,
 }
 
 int main(int count, char** words, const EarlyFonts& fonts) {
-    std::signal(SIGXFSZ, SIG_IGN); // A file that may not grow is an error to report, not the end.
     useMessageCatalogue();
     const auto options = parseOptions(count, words);
     if (!options) {

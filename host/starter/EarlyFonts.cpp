@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <clocale>
 #include <cstdlib>
 #include <system_error>
 #include <thread>
@@ -43,6 +44,7 @@ EarlyFonts beginFonts() {
     const auto read = std::ranges::any_of(launchVariables, isSet) ? nullptr : fontReader();
     if (read == nullptr)
         return {};
+    std::setlocale(LC_NUMERIC, ""); // The toolkit will, and numbers in the settings may be half read by then.
     try {
         return readOnThread(read);
     } catch (const std::system_error&) {

@@ -8,11 +8,10 @@ namespace vantel {
 using EarlyFonts = std::shared_future<void>;
 
 /// What the starter calls in the library that holds the program. Until `fonts` is ready nobody may write the
-/// environment, since the places of the fonts are read from it. The exit status.
+/// environment, since the places of the fonts are read from it, nor end the program but by `_Exit`, which
+/// takes nothing down that is still in use. The exit status.
 using Program = int(int count, char** words, const EarlyFonts& fonts);
 
-/// The library lies where the starter's run path leads.
-inline constexpr const char* programLibrary = "vantel-widgets.so";
 inline constexpr const char* programName = "vantelWidgets";
 
 } // namespace vantel

@@ -1,15 +1,26 @@
 #include "host/starter/EarlyFonts.h"
 
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
+#include <filesystem>
+#include <system_error>
 
 #include <dlfcn.h>
 #include <malloc.h>
 
 namespace {
 
+/// Beside the starter, built or installed. Whole, since whoever stands between the starter and the linker, as
+/// a sanitizer does, knows nothing of the starter's run path.
+std::filesystem::path programLibrary() {
+    std::error_code error;
+    const auto starter = std::filesystem::read_symlink("/proc/self/exe", error);
+    return starter.parent_path().parent_path() / "lib/vantel-widgets/vantel-widgets.so";
+}
+
 vantel::Program* loadProgram() {
-    void* library = ::dlopen(vantel::programLibrary, RTLD_LAZY);
+    void* library = ::dlopen(programLibrary().c_str(), RTLD_LAZY);
     return library == nullptr ? nullptr
                               : reinterpret_cast<vantel::Program*>(::dlsym(library, vantel::programName));
 }
@@ -19,7 +30,8 @@ vantel::Program* loadProgram() {
 /// Linking the toolkit takes as long as reading the fonts, and nothing of a program runs before all that it
 /// links is there. So this one links next to nothing, and does both at the same time.
 int main(int count, char** words) {
-    ::mallopt(M_ARENA_MAX, 1); // A heap for each short-lived worker would grow for years.
+    ::mallopt(M_ARENA_MAX, 1);     // A heap for each short-lived worker would grow for years.
+    std::signal(SIGXFSZ, SIG_IGN); // A file that may not grow is an error to report, not the end.
     // Words ask for pictures, which have fonts of their own, or for what may come a little later.
     const vantel::EarlyFonts fonts = count == 1 ? vantel::beginFonts() : vantel::EarlyFonts();
     vantel::Program* program = loadProgram();

@@ -1,4 +1,5 @@
 """Where cards stand, and what is remembered of it."""
+import pathlib
 import shutil
 import subprocess
 
@@ -75,6 +76,17 @@ def a_program_without_its_library_says_what_is_missing(desktop):
     ended = subprocess.run([lonely], env=desktop.environment, capture_output=True, text=True, timeout=60)
     expect(ended.returncode == 1 and ended.stdout == "", f"it ended with {ended.returncode}: {ended.stdout}")
     expect(ended.stderr.startswith("vantel-widgets: fatal: ") and "vantel-widgets.so" in ended.stderr, ended.stderr)
+
+
+def fonts_that_cannot_be_remembered_do_not_end_the_widgets(desktop):
+    """Their lists are written while the toolkit is linked, into a file that may not grow."""
+    data = pathlib.Path(desktop.widgets).parents[1] / "share" / "vantel-widgets"
+    environment = dict(desktop.environment, DISPLAY="", FONTCONFIG_FILE=str(data / "fonts" / "fonts.conf"))
+    for number in range(8):
+        environment["XDG_CACHE_HOME"] = str(desktop.folder / f"cache-{number}")
+        ended = subprocess.run(["sh", "-c", 'ulimit -f 0; exec "$0"', desktop.widgets], env=environment, timeout=60,
+                               stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        expect(ended.returncode == 1, f"without a display it ended with {ended.returncode}")
 
 
 def a_card_that_is_dropped_onto_another_comes_to_rest_beside_it(desktop):
