@@ -18,7 +18,6 @@
 
 #include <QApplication>
 #include <QLocale>
-#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
@@ -30,9 +29,6 @@
 namespace vantel {
 
 namespace {
-
-/// They may lie on a disk of the network; no card is drawn without them.
-constexpr std::chrono::minutes patienceForFonts{1};
 
 HostedWidgets hostedWidgets() {
     return {
@@ -48,10 +44,11 @@ HostedWidgets hostedWidgets() {
     std::_Exit(status);
 }
 
-/// Before anything is written into the environment. Many may wait, one after the other.
+/// Before anything is written into the environment. Without end, as on a disk of the network that hangs: no
+/// card could be drawn either.
 void await(const EarlyFonts& fonts) {
     if (fonts.valid())
-        fonts.wait_for(patienceForFonts);
+        fonts.wait();
 }
 
 /// What the toolkit calls what it shall draw on.

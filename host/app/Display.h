@@ -11,8 +11,8 @@ namespace vantel {
 /// because many compositors start theirs when the first program asks for it.
 DisplayFacts displayFacts(WantedBackEnd wanted);
 
-/// Prepares the environment, where that takes any, for what was chosen, before there is an application
-/// object. The toolkit's name of it; empty where it has chosen itself.
+/// Writes into the environment what the choice needs there, which for the X server is nothing, before there
+/// is an application object. The toolkit's name of the choice; empty where the user has told the toolkit.
 std::string preparePlatform(BackEnd backEnd);
 
 /// The same for pictures, which are drawn into memory.

@@ -1,5 +1,7 @@
 #include "host/starter/EarlyFonts.h"
 
+#include "host/starter/LoadedFunction.h"
+
 #include <algorithm>
 #include <array>
 #include <clocale>
@@ -7,7 +9,6 @@
 #include <system_error>
 #include <thread>
 
-#include <dlfcn.h>
 #include <fontconfig/fontconfig.h>
 
 namespace vantel {
@@ -22,13 +23,12 @@ bool isSet(const char* variable) {
 }
 
 /// Not linked: the linker would look for each symbol of the program in this library and all that it needs.
-decltype(&FcInit) fontReader() {
-    void* library = ::dlopen("libfontconfig.so.1", RTLD_LAZY);
-    return library == nullptr ? nullptr : reinterpret_cast<decltype(&FcInit)>(::dlsym(library, "FcInit"));
+auto* fontReader() {
+    return loadedFunction<decltype(FcInit)>("libfontconfig.so.1", "FcInit");
 }
 
-/// Whoever lets go of a library's own asynchronous task would wait for the fonts.
-EarlyFonts readOnThread(decltype(&FcInit) read) {
+/// Not `std::async`: whoever lets go of its result waits for it.
+EarlyFonts readOnThread(decltype(FcInit)* read) {
     std::promise<void> promise;
     EarlyFonts fonts = promise.get_future().share();
     std::thread([read, promise = std::move(promise)]() mutable {
@@ -41,7 +41,7 @@ EarlyFonts readOnThread(decltype(&FcInit) read) {
 } // namespace
 
 EarlyFonts beginFonts() {
-    const auto read = std::ranges::any_of(launchVariables, isSet) ? nullptr : fontReader();
+    auto* const read = std::ranges::any_of(launchVariables, isSet) ? nullptr : fontReader();
     if (read == nullptr)
         return {};
     std::setlocale(LC_NUMERIC, ""); // The toolkit will, and numbers in the settings may be half read by then.

@@ -1,4 +1,6 @@
 #include "host/starter/EarlyFonts.h"
+#include "host/starter/LoadedFunction.h"
+#include "host/starter/Program.h"
 
 #include <csignal>
 #include <cstdio>
@@ -11,18 +13,12 @@
 
 namespace {
 
-/// Beside the starter, built or installed. Whole, since whoever stands between the starter and the linker, as
-/// a sanitizer does, knows nothing of the starter's run path.
+/// Beside the starter, built or installed. Not a run path of the starter's: where a sanitizer stands between
+/// it and the linker, the sanitizer's own is looked at.
 std::filesystem::path programLibrary() {
     std::error_code error;
     const auto starter = std::filesystem::read_symlink("/proc/self/exe", error);
-    return starter.parent_path().parent_path() / "lib/vantel-widgets/vantel-widgets.so";
-}
-
-vantel::Program* loadProgram() {
-    void* library = ::dlopen(programLibrary().c_str(), RTLD_LAZY);
-    return library == nullptr ? nullptr
-                              : reinterpret_cast<vantel::Program*>(::dlsym(library, vantel::programName));
+    return starter.parent_path().parent_path() / VANTEL_PROGRAM;
 }
 
 } // namespace
@@ -34,7 +30,8 @@ int main(int count, char** words) {
     std::signal(SIGXFSZ, SIG_IGN); // A file that may not grow is an error to report, not the end.
     // Words ask for pictures, which have fonts of their own, or for what may come a little later.
     const vantel::EarlyFonts fonts = count == 1 ? vantel::beginFonts() : vantel::EarlyFonts();
-    vantel::Program* program = loadProgram();
+    auto* const program =
+        vantel::loadedFunction<decltype(vantelWidgets)>(programLibrary().c_str(), "vantelWidgets");
     if (program == nullptr) {
         std::fprintf(stderr, "vantel-widgets: fatal: %s\n", ::dlerror());
         std::_Exit(EXIT_FAILURE);
